@@ -1,0 +1,49 @@
+#pragma once
+
+#include "ICommandService.h"
+#include "IocContainar.h"
+
+#include <QDebug>
+#include <QString>
+
+#include <string>
+
+namespace ZelCore {
+
+/// Executes a command on the service that the host registered, resolved afresh each time.
+/// Without a service the result is Failed. Throws ZelException as the resolution does.
+inline CommandResult ExecuteCommand(ICommand& command)
+{
+    auto* const service = ZelCommon::IocContainar::Instance().Resolve<ICommandService>();
+    return service ? service->Execute(command) : CommandResult(Failed, "no command service is registered");
+}
+
+inline bool IsSuccess(const CommandResult& result)
+{
+    return result.Status == Success;
+}
+
+/// The message of a result, which is UTF-8.
+inline QString MessageOf(const CommandResult& result)
+{
+    return QString::fromStdString(std::string(TextOf(result.Message)));
+}
+
+/// The one failure log: text, then the core's message, as one debug line.
+inline void LogFailure(const QString& text, const CommandResult& result)
+{
+    qDebug().noquote().nospace() << text << MessageOf(result);
+}
+
+/// Executes a command and logs a failure behind text, which ends in "errmeg=" or the like.
+/// Returns whether the status was Success.
+inline bool ExecuteOrLog(ICommand& command, const QString& text)
+{
+    const CommandResult result = ExecuteCommand(command);
+    if (!IsSuccess(result)) {
+        LogFailure(text, result);
+    }
+    return IsSuccess(result);
+}
+
+} // namespace ZelCore

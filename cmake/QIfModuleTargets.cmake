@@ -1,0 +1,61 @@
+# Every target of the tree is made through these functions, so that language level, warnings,
+# visibility and sanitizers are decided in one place.
+
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
+
+function(qif_configure_target target)
+    target_compile_features(${target} PUBLIC cxx_std_17)
+    set_target_properties(${target} PROPERTIES
+        CXX_EXTENSIONS OFF
+        CXX_VISIBILITY_PRESET hidden
+        VISIBILITY_INLINES_HIDDEN ON
+        AUTOMOC ON
+        AUTOUIC ON)
+    target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wconversion -Wno-sign-conversion -Wshadow)
+    target_compile_definitions(${target} PRIVATE QT_DEPRECATED_WARNINGS)
+    if(QIFMODULE_WARNINGS_AS_ERRORS)
+        target_compile_options(${target} PRIVATE -Werror)
+    endif()
+    if(QIFMODULE_SANITIZE)
+        set(flags -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+        target_compile_options(${target} PRIVATE ${flags})
+        target_link_options(${target} PRIVATE ${flags})
+    endif()
+endfunction()
+
+# qif_add_library(<name> <STATIC|SHARED|MODULE|OBJECT> <sources>...)
+function(qif_add_library name kind)
+    add_library(${name} ${kind} ${ARGN})
+    qif_configure_target(${name})
+endfunction()
+
+# qif_add_executable(<name> <sources>...)
+function(qif_add_executable name)
+    add_executable(${name} ${ARGN})
+    qif_configure_target(${name})
+endfunction()
+
+# qif_add_test(<name> [LIBRARIES <targets>...] [XVFB]): a QtTest program from <name>.cpp, run by
+# ctest without a display, or with XVFB on a virtual X server of its own.
+function(qif_add_test name)
+    cmake_parse_arguments(arg "XVFB" "" "LIBRARIES" ${ARGN})
+    qif_add_executable(${name} ${name}.cpp)
+    target_link_libraries(${name} PRIVATE Qt5::Test ${arg_LIBRARIES})
+    set(environment "LC_ALL=C.UTF-8")
+    if(QIFMODULE_SANITIZE)
+        list(APPEND environment
+            "ASAN_OPTIONS=detect_leaks=1:strict_string_checks=1:detect_stack_use_after_return=1"
+            "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0"
+            "UBSAN_OPTIONS=print_stacktrace=1")
+    endif()
+    if(arg_XVFB)
+        add_test(NAME ${name} COMMAND xvfb-run -a -s "-screen 0 1280x1024x24" $<TARGET_FILE:${name}>)
+        list(APPEND environment "QT_QPA_PLATFORM=xcb")
+    else()
+        add_test(NAME ${name} COMMAND ${name})
+        list(APPEND environment "QT_QPA_PLATFORM=offscreen")
+    endif()
+    set_tests_properties(${name} PROPERTIES ENVIRONMENT "${environment}" TIMEOUT 300)
+endfunction()

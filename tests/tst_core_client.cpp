@@ -1,0 +1,205 @@
+#include "FakeCore.h"
+#include "LogCapture.h"
+
+#include <QtTest>
+
+#include <functional>
+#include <string>
+
+using namespace ZelCore;
+using ZelCommon::Any;
+using ZelCommon::IocContainar;
+using ZelCommon::ZelException;
+
+using Call = std::function<void()>;
+Q_DECLARE_METATYPE(Call)
+
+namespace {
+
+// What a call throws, "" when it does not.
+QByteArray thrownBy(const Call& call)
+{
+    try {
+        call();
+    } catch (const ZelException& exception) {
+        return exception.ErrorCode() == 0 ? exception.what() : "wrong error code";
+    }
+    return {};
+}
+
+const QByteArray setUIDataText =
+    "SetUIDataCommand(const UInt& moduleID, const char* paramName, const char* data, "
+    "UInt& dataLen) [%s] is nullptr";
+
+} // namespace
+
+class tst_core_client : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void resolution();
+    void nullTexts_data();
+    void nullTexts();
+    void textsAreCut();
+    void containers();
+    void dataCommands();
+    void anyIsCopiedDeep();
+    void judging_data();
+    void judging();
+};
+
+void tst_core_client::resolution()
+{
+    IocContainar& container = IocContainar::Instance();
+    const auto resolve = [&container] { container.Resolve<ICommandService>(); };
+    {
+        FakeCore core;
+        QCOMPARE(container.Resolve<ICommandService>(), &core);
+        QVERIFY(container.IsRegister(IocContainar::KeyOf<ICommandService>().c_str()));
+    }
+    QCOMPARE(thrownBy(resolve), QByteArray("Containar is not Build"));
+
+    container.Build();
+    QVERIFY(!container.Resolve<ICommandService>());
+    SetRunParamCommand command(1, "LogicalMode", "1");
+    QCOMPARE(ExecuteCommand(command).Status, Failed);
+
+    container.RegisterType(IocContainar::KeyOf<ICommandService>(), Any(5));
+    QCOMPARE(thrownBy(resolve), QByteArray("Can not cast TypeName:[i] to  TypeName:[") +
+                                    typeid(std::function<ICommandService*()>).name() + ']');
+
+    container.RegisterType(IocContainar::KeyOf<ICommandService>(), Any(std::function<ICommandService*()>()));
+    QVERIFY(!container.Resolve<ICommandService>());
+    container.Clear();
+    QVERIFY(!container.IsRegister(IocContainar::KeyOf<ICommandService>().c_str()));
+}
+
+void tst_core_client::nullTexts_data()
+{
+    QTest::addColumn<Call>("call");
+    QTest::addColumn<QByteArray>("text");
+    const auto uiText = [](const char* argument) {
+        return QByteArray(setUIDataText).replace("%s", argument);
+    };
+
+    QTest::newRow("run parameter") << Call([] {
+        SetRunParamCommand(1, "name", nullptr);
+    }) << QByteArray("SetRunParamCommand(UInt& moduleID, char* paramName,char* val) [val] is nullptr");
+    QTest::newRow("binary data") << Call([] { SetBinaryDataCommand(1, "name", nullptr, 3); })
+                                 << uiText("data");
+    QTest::newRow("ui data, data") << Call([] {
+        UInt length = 3;
+        SetUIDataCommand(1, "name", nullptr, length);
+    }) << uiText("data");
+    QTest::newRow("ui data, name") << Call([] {
+        UInt length = 1;
+        SetUIDataCommand(1, nullptr, "a", length);
+    }) << uiText("paramName");
+    QTest::newRow("ui data removal") << Call([] { DeleteUIDataCommand(1, nullptr); }) << uiText("paramName");
+    QTest::newRow("subscription") << Call([] { SUBSCRIBE_CONDITION__(1, static_cast<const char*>(nullptr)); })
+                                  << QByteArray("SUBSCRIBE_CONDITION__ [varType] is nullptr");
+    QTest::newRow("ui data query") << Call([] { UI_OBJECT_PARAM_INFO_CONDITION__(1, nullptr); })
+                                   << QByteArray("IOUnSubscribeCommand [paramName] is nullptr");
+}
+
+void tst_core_client::nullTexts()
+{
+    QFETCH(Call, call);
+    QFETCH(QByteArray, text);
+    QCOMPARE(thrownBy(call), text);
+}
+
+void tst_core_client::textsAreCut()
+{
+    const QByteArray longText(2000, 'x');
+    QCOMPARE(TextOf(RUN_PARAM_CONDITION__(1, longText).ParamName).size(), 127u);
+    QCOMPARE(TextOf(BINARY_DATA_CONDITION__(1, longText).ParamName).size(), 255u);
+    QCOMPARE(TextOf(SetRunParamCommand(1, longText, longText).Val).size(), 511u);
+    QCOMPARE(TextOf(CommandResult(Failed, longText).Message).size(), 1023u);
+    QCOMPARE(qstrlen(ZelException("%s", longText.constData()).what()), 1023u);
+
+    char full[4] = {'a', 'b', 'c', 'd'};
+    QCOMPARE(TextOf(full).size(), 4u);
+}
+
+void tst_core_client::containers()
+{
+    SUBSCRIBE_TREE__ tree;
+    tree.CreateList(2);
+    tree.At(1).CreateList(3);
+    FillText(tree.At(1).At(2).NodeName, "leaf");
+
+    SUBSCRIBE_TREE__ copy(tree);
+    FillText(tree.At(1).At(2).NodeName, "other");
+    QCOMPARE(copy.At(1).At(2).NodeName, "leaf");
+
+    const auto& same = copy;
+    copy = same;
+    QCOMPARE(copy.At(1).At(2).NodeName, "leaf");
+    // An item of the container itself: its owner goes while it is read.
+    static_cast<ZEL_VALUE_CONTAINER__<SUBSCRIBE_NODE__>&>(copy) = copy.At(1);
+    QCOMPARE(copy.Num(), 3u);
+    QCOMPARE(copy.At(2).NodeName, "leaf");
+
+    QVERIFY(thrownBy([&copy] { copy.At(3); }).contains("[3] of [3]"));
+    QVERIFY(!thrownBy([&copy] { copy.At(-1); }).isEmpty());
+    copy.CreateList(0);
+    QVERIFY(!copy.Items());
+    copy.Clear();
+    QCOMPARE(copy.Num(), 0u);
+}
+
+void tst_core_client::dataCommands()
+{
+    const char bytes[] = {'a', '\0', 'b'};
+    const SetBinaryDataCommand command(1, "IFText", bytes, 3, 5000);
+    QVERIFY(command.Data != bytes);
+    QCOMPARE(QByteArray(command.Data, 3), QByteArray(bytes, 3));
+    QCOMPARE(command.TimeOut, 5000u);
+
+    const SetBinaryDataCommand empty(1, "IFText", "", 0);
+    QCOMPARE(empty.DataLen, 0u);
+    QVERIFY(empty.Data);
+}
+
+void tst_core_client::anyIsCopiedDeep()
+{
+    Any first(std::string("text"));
+    Any second(first);
+    first = Any(5);
+    QCOMPARE(second.Cast<std::string>(), std::string("text"));
+    QVERIFY(first.Type() == typeid(int));
+    first = std::move(second);
+    QVERIFY(first.Type() == typeid(std::string));
+    QVERIFY(Any().Type() == typeid(void));
+}
+
+void tst_core_client::judging_data()
+{
+    QTest::addColumn<int>("status");
+    QTest::addColumn<bool>("success");
+    QTest::newRow("none") << int(None) << false;
+    QTest::newRow("success") << int(Success) << true;
+    QTest::newRow("nothing changed") << int(NothingChanged) << false;
+    QTest::newRow("failed") << int(Failed) << false;
+}
+
+void tst_core_client::judging()
+{
+    QFETCH(int, status);
+    QFETCH(bool, success);
+    FakeCore core;
+    core.fault = [status](int, const QString&) {
+        return CommandResult(static_cast<CommandStatus>(status), "磁盘 full");
+    };
+    SetRunParamCommand command(7, "LogicalMode", "2");
+    LogCapture log;
+    QCOMPARE(ExecuteOrLog(command, QStringLiteral("[X]: failed. errmeg=")), success);
+    QCOMPARE(log.lines(),
+             success ? QStringList() : QStringList(QStringLiteral("[X]: failed. errmeg=磁盘 full")));
+    QCOMPARE(core.takeCommands(), QStringList("SetRunParam 7 LogicalMode=2"));
+}
+
+QTEST_APPLESS_MAIN(tst_core_client)
+#include "tst_core_client.moc"
