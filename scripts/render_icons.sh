@@ -6,6 +6,7 @@ set -eu
 cd "$(dirname "$0")/.."
 drawings=QIfModule/img_im/svg
 images=QIfModule/img_im/ImageResource
+workbench_icon=workbench/icons/if-workbench
 accent='svg { color: rgb(231,105,0) }'
 accent_sheet=$(mktemp)
 trap 'rm -f "$accent_sheet"' EXIT
@@ -48,3 +49,7 @@ icon ic_btn_editswitch 26 26 ic_btn_editswitch_normal ic_btn_editswitch_click
 icon ic_link_gray      32 32 ic_link_gray_normal      ic_link_gray_click
 icon img_none          24 24 img_none
 icon msg_close         24 24 msg_close_normal
+
+for size in 64 128; do
+    render "$workbench_icon.svg" "$size" "$size" "$workbench_icon-$size.png"
+done
