@@ -7,14 +7,7 @@ using namespace ZelCore;
 
 namespace {
 
-template <std::size_t N>
-QString toQString(const char (&field)[N])
-{
-    const auto text = TextOf(field);
-    return QString::fromUtf8(text.data(), static_cast<int>(text.size()));
-}
-
-QString toQString(const char* bytes, UInt length)
+QString visibleBytes(const char* bytes, UInt length)
 {
     return QString::fromUtf8(bytes, static_cast<int>(length)).replace(QChar::Null, QLatin1String("\\0"));
 }
@@ -84,9 +77,10 @@ FakeCore::Answer FakeCore::answerTo(ICommand& command)
 
     if (auto* const c = dynamic_cast<AddIOCommand*>(&command)) {
         const auto flags = reinterpret_cast<const char*>(&c->IOInfo->ExtraData);
-        QString line = head(c->ModuleID, toQString(c->IOInfo->ParamName));
-        line +=
-            QStringLiteral(" class=%1 type=%2 flags=").arg(c->IoClass).arg(toQString(c->IOInfo->VauleType));
+        QString line = head(c->ModuleID, ToQString(TextOf(c->IOInfo->ParamName)));
+        line += QStringLiteral(" class=%1 type=%2 flags=")
+                    .arg(c->IoClass)
+                    .arg(ToQString(TextOf(c->IOInfo->VauleType)));
         std::for_each(flags, flags + sizeof(IO_EXTRA_DATA__),
                       [&line](char flag) { line += QLatin1Char(flag ? '1' : '0'); });
         return {line, [this, c] {
@@ -95,38 +89,40 @@ FakeCore::Answer FakeCore::answerTo(ICommand& command)
                 }};
     }
     if (auto* const c = dynamic_cast<SetRunParamCommand*>(&command)) {
-        const QString name = toQString(c->ParamName);
-        return {head(c->ModuleID, name + QLatin1Char('=') + toQString(c->Val)), [this, c, name] {
+        const QString name = ToQString(TextOf(c->ParamName));
+        return {head(c->ModuleID, name + QLatin1Char('=') + ToQString(TextOf(c->Val))), [this, c, name] {
                     runParams[name] = c->Val;
                     return CommandResult(Success);
                 }};
     }
     if (auto* const c = dynamic_cast<SetBinaryDataCommand*>(&command)) {
-        const QString name = toQString(c->ParamName);
-        return {head(c->ModuleID, name + QLatin1Char('=') + toQString(c->Data, c->DataLen)), [this, c, name] {
+        const QString name = ToQString(TextOf(c->ParamName));
+        return {head(c->ModuleID, name + QLatin1Char('=') + visibleBytes(c->Data, c->DataLen)),
+                [this, c, name] {
                     binaryData[name] = QByteArray(c->Data, static_cast<int>(c->DataLen));
                     lastTimeOut = c->TimeOut;
                     return CommandResult(Success);
                 }};
     }
     if (auto* const c = dynamic_cast<SetUIDataCommand*>(&command)) {
-        const QString name = toQString(c->ParamName);
-        return {head(c->ModuleID, name + QLatin1Char('=') + toQString(c->Data, c->DataLen)), [this, c, name] {
+        const QString name = ToQString(TextOf(c->ParamName));
+        return {head(c->ModuleID, name + QLatin1Char('=') + visibleBytes(c->Data, c->DataLen)),
+                [this, c, name] {
                     uiData[name] = QByteArray(c->Data, static_cast<int>(c->DataLen));
                     return CommandResult(Success);
                 }};
     }
     if (auto* const c = dynamic_cast<DeleteUIDataCommand*>(&command)) {
-        const QString name = toQString(c->ParamName);
+        const QString name = ToQString(TextOf(c->ParamName));
         return {head(c->ModuleID, name), [this, name, remove] { return remove(uiData, name); }};
     }
     if (auto* const c = dynamic_cast<QueryCommand<BINARY_DATA_CONDITION__, BINARY_DATA__>*>(&command)) {
-        const QString name = toQString(c->Condition->ParamName);
+        const QString name = ToQString(TextOf(c->Condition->ParamName));
         return {head(c->Condition->ModuleID, name),
                 [this, c, name] { return give(binaryData, name, *c->Result); }};
     }
     if (auto* const c = dynamic_cast<QueryCommand<RUN_PARAM_CONDITION__, KADO_MODULE_PARAM__>*>(&command)) {
-        const QString name = toQString(c->Condition->ParamName);
+        const QString name = ToQString(TextOf(c->Condition->ParamName));
         return {head(c->Condition->ModuleID, name), [this, c, name]() -> CommandResult {
                     if (!runParams.contains(name)) {
                         return {Failed, "no such parameter"};
@@ -138,7 +134,7 @@ FakeCore::Answer FakeCore::answerTo(ICommand& command)
     }
     if (auto* const c =
             dynamic_cast<QueryCommand<UI_OBJECT_PARAM_INFO_CONDITION__, UI_OBJECT_PARAM_INFO__>*>(&command)) {
-        const QString name = toQString(c->Condition->ParamName);
+        const QString name = ToQString(TextOf(c->Condition->ParamName));
         return {head(c->Condition->ObjectID, name),
                 [this, c, name] { return give(uiData, name, *c->Result); }};
     }
@@ -146,7 +142,7 @@ FakeCore::Answer FakeCore::answerTo(ICommand& command)
         return {head(c->Condition->ModuleID, QStringLiteral("range=%1 types=%2 %3")
                                                  .arg(c->Condition->ModuleRange)
                                                  .arg(c->Condition->VarTypeNum)
-                                                 .arg(toQString(c->Condition->VauleTypes[0]))),
+                                                 .arg(ToQString(TextOf(c->Condition->VauleTypes[0])))),
                 [this, c] {
                     *c->Result = subscribeTree;
                     return CommandResult(Success);

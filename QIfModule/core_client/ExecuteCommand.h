@@ -6,8 +6,6 @@
 #include <QDebug>
 #include <QString>
 
-#include <string>
-
 namespace ZelCore {
 
 /// Executes a command on the service that the host registered, resolved afresh each time.
@@ -23,16 +21,10 @@ inline bool IsSuccess(const CommandResult& result)
     return result.Status == Success;
 }
 
-/// The message of a result, which is UTF-8.
-inline QString MessageOf(const CommandResult& result)
+/// The one failure log: text, the core's message and an end, as one debug line.
+inline void LogFailure(const QString& text, const CommandResult& result, const QString& end = {})
 {
-    return QString::fromStdString(std::string(TextOf(result.Message)));
-}
-
-/// The one failure log: text, then the core's message, as one debug line.
-inline void LogFailure(const QString& text, const CommandResult& result)
-{
-    qDebug().noquote().nospace() << text << MessageOf(result);
+    qDebug().noquote().nospace() << text << ToQString(TextOf(result.Message)) << end;
 }
 
 /// Executes a command and logs a failure behind text, which ends in "errmeg=" or the like.

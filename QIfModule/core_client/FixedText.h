@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QString>
+
 #include <cstddef>
 #include <cstdio>
 #include <cstring>
@@ -23,6 +25,12 @@ template <std::size_t N>
 std::string_view TextOf(const char (&field)[N])
 {
     return {field, ::strnlen(field, N)};
+}
+
+/// Texts of the core are UTF-8.
+inline QString ToQString(std::string_view text)
+{
+    return QString::fromUtf8(text.data(), static_cast<int>(text.size()));
 }
 
 } // namespace ZelCore

@@ -39,6 +39,13 @@ struct UI_OBJECT_PARAM_INFO__ : ZEL_VALUE_CONTAINER__<char>
     char ParamName[128] = {};
 };
 
+/// The text in a byte record: up to the first NUL, never past the record.
+inline std::string_view TextOf(const ZEL_VALUE_CONTAINER__<char>& bytes)
+{
+    return bytes.Items() ? std::string_view(bytes.Items(), ::strnlen(bytes.Items(), bytes.Num()))
+                         : std::string_view();
+}
+
 /// How a module IO is offered and shown.
 struct IO_EXTRA_DATA__
 {

@@ -1,0 +1,467 @@
+#include "RangeSelectControlIM.h"
+
+#include "BoundValidator.h"
+#include "ConditionName.h"
+#include "ConditionRecord.h"
+#include "StyleSheet.h"
+#include "SubscribeMenu.h"
+#include "core_client/core_client.h"
+
+#include <QApplication>
+#include <QDebug>
+#include <QEvent>
+#include <QKeyEvent>
+#include <QLineEdit>
+
+#include <cstdio>
+#include <utility>
+
+using namespace ZelCore;
+
+namespace {
+
+const QString editSwitchSheet =
+    QStringLiteral("background-image: url(:/img_im/ImageResource/ic_btn_editswitch_normal.png);");
+const QString linkSwitchSheet =
+    QStringLiteral("background-image: url(:/img_im/ImageResource/ic_btn_linkswitch_normal.png);");
+
+constexpr int stripWidth = 230;
+constexpr int stripHeight = 30;
+constexpr int sliderHeight = 25;
+
+// A text as the UI datum that tells a bound's source; its length counts the NUL.
+template <std::size_t N>
+CommandResult writeSource(int moduleId, const QString& key, const char (&value)[N])
+{
+    UInt length = N;
+    SetUIDataCommand command(static_cast<UInt>(moduleId), key.toUtf8().constData(), value, length);
+    return ExecuteCommand(command);
+}
+
+// The three-level climb starts at the strip's parent; any of them may be missing.
+QWidget* parentAreaOf(const QObject* strip)
+{
+    QObject* ancestor = strip->parent();
+    for (int level = 0; level < 2 && ancestor; ++level) {
+        ancestor = ancestor->parent();
+    }
+    return qobject_cast<QWidget*>(ancestor);
+}
+
+} // namespace
+
+RangeSelectControlIM::RangeSelectControlIM(int moduleId, int minRange, int maxRange, QString name,
+                                           QWidget* parent)
+    : QDialog(parent)
+    , m_rsRangeSlider(Qt::Horizontal, RangeSlider::Options(QFlag(3)))
+{
+    m_iModuId = moduleId;
+    m_iMinRange = minRange;
+    m_iMaxRange = maxRange;
+    m_labName = std::move(name);
+
+    InitParent();
+    InitObjectName();
+    InitRange();
+    InitUI();
+    InitConnect();
+    InstallEventFilter();
+    QueryIfModuUIParamScribeInfo();
+}
+
+RangeSelectControlIM::~RangeSelectControlIM()
+{
+    // The members say goodbye with signals and events of their own; nothing here may answer any more.
+    for (QObject* const sender : std::initializer_list<QObject*>{
+             &m_qmlRangeSlider, &m_spbMinPullBar, &m_spbMaxPullBar, &m_btnMinSwitch, &m_btnMaxSwitch,
+             &m_bsvMinNumSubscribe, &m_bsvMaxNumSubscribe}) {
+        sender->disconnect(this);
+    }
+    m_qmlRangeSlider.removeEventFilter(this);
+    m_pEdiMinPullBar = nullptr;
+    m_pEdiMaxPullBar = nullptr;
+    m_pParentArea = nullptr;
+}
+
+void RangeSelectControlIM::InitParent()
+{
+    setLayout(&m_hRangeSelectLayout);
+    m_btnLine.setParent(this);
+    m_spbMinPullBar.setParent(this);
+    m_spbMaxPullBar.setParent(this);
+    m_btnMinSwitch.setParent(this);
+    m_btnMaxSwitch.setParent(this);
+}
+
+void RangeSelectControlIM::InitObjectName()
+{
+    m_btnLine.setObjectName(QStringLiteral("m_btnLine"));
+    m_spbMinPullBar.setObjectName(QStringLiteral("m_spbMinPullBar"));
+    m_spbMaxPullBar.setObjectName(QStringLiteral("m_spbMaxPullBar"));
+    m_btnMinSwitch.setObjectName(QStringLiteral("m_btnMinSwitch"));
+    m_btnMaxSwitch.setObjectName(QStringLiteral("m_btnMaxSwitch"));
+    m_bsvMinNumSubscribe.setObjectName(QStringLiteral("m_bsvMinNumSubscribe"));
+    m_bsvMaxNumSubscribe.setObjectName(QStringLiteral("m_bsvMaxNumSubscribe"));
+}
+
+void RangeSelectControlIM::InitRange()
+{
+    SetRange(m_iMinRange, m_iMaxRange);
+    qDebug("get in InitRange");
+    m_spbMinPullBar.setValue(1.0);
+    m_spbMaxPullBar.setValue(1000.0);
+    m_qmlRangeSlider.SetRange(m_iMinRange, m_iMaxRange);
+}
+
+void RangeSelectControlIM::InitUI()
+{
+    setWindowFlags(windowFlags() | Qt::FramelessWindowHint);
+    SetFixedSize(stripWidth, stripHeight);
+    m_hRangeSelectLayout.setContentsMargins(0, 0, 0, 0);
+    m_hRangeSelectLayout.setSpacing(0);
+
+    m_btnLine.setMaximumSize(10, 1);
+    m_btnLine.setFocusPolicy(Qt::NoFocus);
+
+    for (QDoubleSpinBox* const spinBox : {&m_spbMinPullBar, &m_spbMaxPullBar}) {
+        spinBox->setFixedSize(80, 30);
+        spinBox->setDecimals(3);
+        // What is typed means the same whatever the host's locale is.
+        spinBox->setLocale(QLocale::c());
+        // The field is narrower than the largest bounds.
+        spinBox->setToolTip(spinBox->text());
+        connect(spinBox, &QDoubleSpinBox::textChanged, spinBox, &QWidget::setToolTip);
+    }
+
+    for (QPushButton* const button : {&m_btnMinSwitch, &m_btnMaxSwitch}) {
+        button->setFixedSize(30, 30);
+    }
+
+    m_bsvMinNumSubscribe.SetFixedSize(m_spbMinPullBar.width(), m_spbMinPullBar.height());
+    m_bsvMaxNumSubscribe.SetFixedSize(m_spbMaxPullBar.width(), m_spbMaxPullBar.height());
+
+    m_hRangeSelectLayout.addWidget(&m_spbMinPullBar);
+    m_hRangeSelectLayout.addWidget(&m_bsvMinNumSubscribe);
+    m_hRangeSelectLayout.addWidget(&m_btnMinSwitch);
+    m_hRangeSelectLayout.addWidget(&m_btnLine);
+    m_hRangeSelectLayout.addWidget(&m_spbMaxPullBar);
+    m_hRangeSelectLayout.addWidget(&m_bsvMaxNumSubscribe);
+    m_hRangeSelectLayout.addWidget(&m_btnMaxSwitch);
+
+    m_bsvMinNumSubscribe.hide();
+    m_bsvMaxNumSubscribe.hide();
+
+    for (QWidget* const widget : std::initializer_list<QWidget*>{
+             &m_spbMinPullBar, &m_btnMinSwitch, &m_btnLine, &m_spbMaxPullBar, &m_btnMaxSwitch}) {
+        m_hRangeSelectLayout.setStretchFactor(widget, 1);
+    }
+
+    const auto sheet = StyleSheet::read(QStringLiteral(":/qss_im/HorizontalControlIM.qss"));
+    if (!sheet) {
+        qDebug("[RangeSelectControlIM]: InitUI HorizontalControlIM qss file open failed.");
+        return;
+    }
+    setStyleSheet(*sheet);
+    m_btnLine.setStyleSheet(*sheet);
+    m_spbMinPullBar.setStyleSheet(*sheet);
+    m_spbMaxPullBar.setStyleSheet(*sheet);
+}
+
+void RangeSelectControlIM::InitConnect()
+{
+    connect(&m_qmlRangeSlider, &QmlRangeSliderView::sigRangeSliderChange, this,
+            &RangeSelectControlIM::onQmlRangeSliderValueChanged);
+    connect(&m_spbMinPullBar, &QDoubleSpinBox::editingFinished, this,
+            &RangeSelectControlIM::onRangeEditFinish);
+    connect(&m_spbMaxPullBar, &QDoubleSpinBox::editingFinished, this,
+            &RangeSelectControlIM::onRangeEditFinish);
+    connect(&m_btnMinSwitch, &QPushButton::clicked, this, &RangeSelectControlIM::onBtnMinSwitch);
+    connect(&m_btnMaxSwitch, &QPushButton::clicked, this, &RangeSelectControlIM::onBtnMaxSwitch);
+    for (ButtonSelecterView* const selecter : {&m_bsvMinNumSubscribe, &m_bsvMaxNumSubscribe}) {
+        connect(selecter, &ButtonSelecterView::sigEdiSubscribeInfoChanged, this,
+                &RangeSelectControlIM::onSubscribeValueChanged2SetParam);
+    }
+    for (ButtonSelecterView* const selecter : {&m_bsvMinNumSubscribe, &m_bsvMaxNumSubscribe}) {
+        connect(selecter, &ButtonSelecterView::sigQuerySubscribeMenuInfo, this,
+                &RangeSelectControlIM::onQuerySubscribeMenuInfo);
+    }
+}
+
+void RangeSelectControlIM::InstallEventFilter()
+{
+    m_spbMinPullBar.installEventFilter(this);
+    m_spbMaxPullBar.installEventFilter(this);
+    m_qmlRangeSlider.installEventFilter(this);
+
+    const auto watchEdit = [this](const QDoubleSpinBox& spinBox) {
+        auto* const edit = spinBox.findChild<QLineEdit*>();
+        if (edit) {
+            edit->setValidator(new BoundValidator(spinBox, edit));
+            edit->installEventFilter(this);
+        }
+        return edit;
+    };
+    m_pEdiMinPullBar = watchEdit(m_spbMinPullBar);
+    m_pEdiMaxPullBar = watchEdit(m_spbMaxPullBar);
+
+    m_pParentArea = parentAreaOf(this);
+    if (m_pParentArea) {
+        m_pParentArea->installEventFilter(this);
+    }
+}
+
+bool RangeSelectControlIM::eventFilter(QObject* watched, QEvent* event)
+{
+    const QEvent::Type type = event->type();
+    if ((watched == m_pEdiMinPullBar || watched == m_pEdiMaxPullBar) && type == QEvent::MouseButtonPress &&
+        !m_qmlRangeSlider.isVisible()) {
+        onFocusIn();
+    }
+    if (watched == m_pParentArea &&
+        (type == QEvent::MouseButtonPress || type == QEvent::LayoutRequest || type == QEvent::Hide) &&
+        m_qmlRangeSlider.isVisible()) {
+        onFocusOut();
+    }
+    if (watched == &m_qmlRangeSlider && type == QEvent::WindowDeactivate) {
+        const QWidget* const focus = QApplication::focusWidget();
+        if (focus != &m_spbMinPullBar && focus != &m_spbMaxPullBar) {
+            onFocusOut();
+        }
+    }
+    return false;
+}
+
+void RangeSelectControlIM::keyPressEvent(QKeyEvent* event)
+{
+    // A dialog would hide at Escape and press a switch at Enter; inside a row the strip is a plain widget.
+    event->ignore();
+}
+
+void RangeSelectControlIM::onFocusIn()
+{
+    const QPoint global = m_spbMinPullBar.parentWidget()->mapToGlobal(m_spbMinPullBar.pos());
+    if (!m_qmlRangeSlider.isVisible()) {
+        m_qmlRangeSlider.show();
+    }
+    qDebug() << global.x() << global.y() << m_qmlRangeSlider.width() << m_qmlRangeSlider.height();
+    m_qmlRangeSlider.setGeometry(global.x(), global.y() + stripHeight, stripWidth, sliderHeight);
+}
+
+void RangeSelectControlIM::onFocusOut()
+{
+    m_qmlRangeSlider.hide();
+    emit sigRangeEditFinish();
+}
+
+void RangeSelectControlIM::SetRange(int min, int max)
+{
+    m_spbMinPullBar.setRange(min, max);
+    m_spbMaxPullBar.setRange(min, max);
+}
+
+void RangeSelectControlIM::SetCurrentMin(int value)
+{
+    setLower(value);
+    m_qmlRangeSlider.SetCurrentMinD(value);
+}
+
+void RangeSelectControlIM::SetCurrentMax(int value)
+{
+    setUpper(value);
+    m_qmlRangeSlider.SetCurrentMaxD(value);
+}
+
+void RangeSelectControlIM::SetCurrentMinD(double value)
+{
+    qDebug().noquote() << QStringLiteral("SetCurrentMinD min:[%1]").arg(value);
+    m_qmlRangeSlider.SetCurrentMinD(value);
+    setLower(value);
+}
+
+void RangeSelectControlIM::SetCurrentMaxD(double value)
+{
+    qDebug().noquote() << QStringLiteral("SetCurrentMaxD max:[%1]").arg(value);
+    m_qmlRangeSlider.SetCurrentMaxD(value);
+    setUpper(value);
+}
+
+int RangeSelectControlIM::GetCurrentMin() const
+{
+    return truncatedToInt(GetCurrentMinD());
+}
+
+int RangeSelectControlIM::GetCurrentMax() const
+{
+    return truncatedToInt(GetCurrentMaxD());
+}
+
+void RangeSelectControlIM::setLower(double value)
+{
+    m_spbMinPullBar.setValue(value);
+    m_dOldMinValue = value;
+}
+
+void RangeSelectControlIM::setUpper(double value)
+{
+    m_spbMaxPullBar.setValue(value);
+    m_dOldMaxValue = value;
+}
+
+void RangeSelectControlIM::onQmlRangeSliderValueChanged(int lower, int upper)
+{
+    setLower(lower);
+    setUpper(upper);
+    emit sigMinRangeChanged();
+}
+
+void RangeSelectControlIM::onRangeSliderLowerValueChanged(int value)
+{
+    qDebug().noquote() << QStringLiteral(
+                              "[RangeSelectControlIM]: onRangeSliderLowerValueChanged start. value=[%1]")
+                              .arg(value);
+    setLower(value);
+    emit sigMinRangeChanged();
+}
+
+void RangeSelectControlIM::onRangeSliderUpperValueChanged(int value)
+{
+    setUpper(value);
+    emit sigMaxRangeChanged();
+}
+
+void RangeSelectControlIM::onRangeEditFinish()
+{
+    const double min = m_spbMinPullBar.text().toDouble();
+    const double max = m_spbMaxPullBar.text().toDouble();
+    if (min > max) {
+        qDebug("[onRangeEditFinish]: min > max.");
+        m_spbMinPullBar.setValue(m_dOldMinValue);
+        m_spbMaxPullBar.setValue(m_dOldMaxValue);
+    }
+    m_qmlRangeSlider.SetCurrentMinD(min);
+    m_qmlRangeSlider.SetCurrentMaxD(max);
+    emit sigRangeEditFinish();
+}
+
+RangeSelectControlIM::Bound RangeSelectControlIM::lowerBound()
+{
+    return {m_spbMinPullBar, m_bsvMinNumSubscribe, m_btnMinSwitch, ConditionName::lowerBoundKey(m_labName),
+            ConditionName::lowerBoundSourceKey(m_labName)};
+}
+
+RangeSelectControlIM::Bound RangeSelectControlIM::upperBound()
+{
+    return {m_spbMaxPullBar, m_bsvMaxNumSubscribe, m_btnMaxSwitch, ConditionName::upperBoundKey(m_labName),
+            ConditionName::upperBoundSourceKey(m_labName)};
+}
+
+void RangeSelectControlIM::showSubscription(const Bound& bound)
+{
+    bound.spinBox.hide();
+    bound.selecter.show();
+    bound.switchButton.setStyleSheet(editSwitchSheet);
+}
+
+void RangeSelectControlIM::onBtnMinSwitch()
+{
+    switchSource(lowerBound(),
+                 QStringLiteral("[RangeSelectControlIM]: onBtnMinSwitch SetUIDataCommand failed. errmeg="));
+}
+
+void RangeSelectControlIM::onBtnMaxSwitch()
+{
+    switchSource(upperBound(),
+                 QStringLiteral("[RangeSelectControlIM]: onBtnMaxSwitch SetUIDataCommand failed. errmeg="));
+}
+
+void RangeSelectControlIM::switchSource(const Bound& bound, const QString& failureText)
+{
+    // Asked of the selector, which is hidden by hand: the spin box also counts as invisible while the
+    // panel is.
+    const bool isConstant = bound.selecter.isHidden();
+    if (isConstant) {
+        showSubscription(bound);
+    } else {
+        bound.spinBox.show();
+        bound.selecter.hide();
+        bound.switchButton.setStyleSheet(linkSwitchSheet);
+        bound.selecter.DelFilterSourceOperation4IO(m_iModuId, SUBSCRIBE_TYPE_RUNPARAM, bound.bindingKey);
+    }
+    const CommandResult result = isConstant ? writeSource(m_iModuId, bound.sourceKey, "True")
+                                            : writeSource(m_iModuId, bound.sourceKey, "False");
+    if (!IsSuccess(result)) {
+        LogFailure(failureText, result);
+    }
+}
+
+void RangeSelectControlIM::onQuerySubscribeMenuInfo(QString varType)
+{
+    auto* const selecter = qobject_cast<ButtonSelecterView*>(sender());
+    if (!selecter) {
+        return;
+    }
+    if (auto menu = SubscribeMenu::query(m_iModuId, m_labName, varType)) {
+        selecter->UpdateSubscribeMenuData(*menu, 0);
+    }
+}
+
+void RangeSelectControlIM::onSubscribeValueChanged2SetParam(QString info)
+{
+    auto* const selecter = qobject_cast<ButtonSelecterView*>(sender());
+    if (!selecter) {
+        return;
+    }
+    std::printf("\n[onSubscribeValueChanged2SetParam]: objectName=[%s], info=[%s]\n",
+                qUtf8Printable(selecter->objectName()), qUtf8Printable(info));
+    const QString key = selecter->objectName().contains(QLatin1String("Min"))
+                            ? ConditionName::lowerBoundKey(m_labName)
+                            : ConditionName::upperBoundKey(m_labName);
+    if (selecter->SetFilterSourceOperation4IO(m_iModuId, SUBSCRIBE_TYPE_RUNPARAM, key, info) == -1) {
+        // Upper bound or lower, the line is the same.
+        qDebug("[RangeSelectControlIM]: onBtnMaxSwitch SetFilterSourceOperation4IO failed. ");
+    }
+}
+
+void RangeSelectControlIM::QueryIfModuUIParamScribeInfo()
+{
+    restoreSource(lowerBound(), QStringLiteral("Start"));
+    restoreSource(upperBound(), QStringLiteral("End"));
+}
+
+void RangeSelectControlIM::restoreSource(const Bound& bound, const QString& word)
+{
+    const QByteArray sourceKey = bound.sourceKey.toUtf8();
+    const UI_OBJECT_PARAM_INFO_CONDITION__ condition(static_cast<UInt>(m_iModuId), sourceKey.constData());
+    UI_OBJECT_PARAM_INFO__ source;
+    QueryCommand<UI_OBJECT_PARAM_INFO_CONDITION__, UI_OBJECT_PARAM_INFO__> query(condition, &source);
+    const CommandResult result = ExecuteCommand(query);
+    if (!IsSuccess(result)) {
+        LogFailure(QStringLiteral("[QueryIfModuUIParamScribeInfo]: %1 UI_OBJECT_PARAM_INFO_CONDITION falied.")
+                       .arg(word),
+                   result);
+        return;
+    }
+
+    const QString value = ToQString(TextOf(source));
+    std::printf("\n***\nstrUIName=%s item=%s\n***\n", sourceKey.constData(), qUtf8Printable(value));
+    if (value != QLatin1String("True")) {
+        return;
+    }
+    const bool isLower = &bound.spinBox == &m_spbMinPullBar;
+    if (isLower) {
+        std::printf("get in true 259");
+    }
+    showSubscription(bound);
+    QString text;
+    const int found = bound.selecter.GetFilterSourceOperation4IO(m_iModuId, SUBSCRIBE_TYPE_RUNPARAM,
+                                                                 bound.bindingKey, text);
+    if (!isLower) {
+        std::printf("\nget in true 287=%s\n", qUtf8Printable(text));
+    }
+    if (found != 0) {
+        LogFailure(QStringLiteral("[RangeSelectControlIM]: %1 GetFilterSourceOperation4IO falied. msg =  ")
+                       .arg(bound.selecter.objectName()),
+                   result, QStringLiteral("\n"));
+    }
+    bound.selecter.SetEdiSubscribeText(text);
+}

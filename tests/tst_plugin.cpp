@@ -1,0 +1,104 @@
+#include "FakeCore.h"
+
+#include <QLabel>
+#include <QLibrary>
+#include <QPointer>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QtTest>
+
+#include <memory>
+
+/// The built library as a host meets it: a file with two symbols.
+class tst_plugin : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void exportsTwoFunctions();
+    void namesItsBundles();
+    void makesAPanel();
+    void refusesWhatIsNoPanel();
+
+private:
+    template <typename Function>
+    static Function* resolve(const char* symbol)
+    {
+        return reinterpret_cast<Function*>(QLibrary::resolve(QStringLiteral(QIFMODULE_FILE), symbol));
+    }
+    using Create = bool(unsigned int, QWidget*, QWidget**);
+    using LangChanged = bool(QWidget*);
+
+    static QString symbols(const QStringList& arguments)
+    {
+        QProcess nm;
+        nm.start(QStringLiteral("nm"), arguments + QStringList(QStringLiteral(QIFMODULE_FILE)));
+        return nm.waitForFinished() && nm.exitCode() == 0 ? QString::fromLocal8Bit(nm.readAllStandardOutput())
+                                                          : QString();
+    }
+};
+
+void tst_plugin::exportsTwoFunctions()
+{
+    QStringList names;
+    const QStringList lines =
+        symbols({QStringLiteral("-D"), QStringLiteral("--defined-only")}).split('\n', Qt::SkipEmptyParts);
+    for (const QString& line : lines) {
+        names << line.section(' ', -1).section('@', 0, 0);
+    }
+    names.sort();
+    QCOMPARE(names, QStringList({"CreateModuParamConfigInstance", "LangChanged"}));
+}
+
+void tst_plugin::namesItsBundles()
+{
+    const QString all = symbols({});
+    for (const char* const bundle : {"QSS_IM", "IMG_IM"}) {
+        for (const char* const function : {"qInitResources_", "qCleanupResources_"}) {
+            QVERIFY2(all.contains(QLatin1String(function) + QLatin1String(bundle)), bundle);
+        }
+    }
+}
+
+void tst_plugin::makesAPanel()
+{
+    auto* const create = resolve<Create>("CreateModuParamConfigInstance");
+    auto* const langChanged = resolve<LangChanged>("LangChanged");
+    QVERIFY(create && langChanged);
+    FakeCore core;
+    core.binaryData[QStringLiteral("IFText")] = "%int0%:1:2:a;";
+    core.runParams[QStringLiteral("LogicalMode")] = "1";
+
+    for (int i = 0; i < 2; ++i) {
+        auto host = std::make_unique<QWidget>();
+        QWidget* made = nullptr;
+        QVERIFY(create(7, host.get(), &made));
+        const QPointer<QWidget> panel = made;
+        QCOMPARE(panel->parentWidget(), host.get());
+        QVERIFY(panel->inherits("QIfModuleMainView"));
+        QCOMPARE(core.takeCommands(), QStringList());
+        host->show();
+        QCOMPARE(core.takeCommands().first(), QStringLiteral("QueryBinaryData 7 IFText"));
+        panel->findChild<QLabel*>(QStringLiteral("lab_help"))->clear();
+        QVERIFY(langChanged(panel));
+        QCOMPARE(panel->findChild<QLabel*>(QStringLiteral("lab_help"))->text(),
+                 QStringLiteral("条件符合，判断结果为OK"));
+        host.reset();
+        QVERIFY(!panel);
+    }
+
+    QWidget* orphan = nullptr;
+    QVERIFY(create(7, nullptr, &orphan));
+    delete orphan;
+}
+
+void tst_plugin::refusesWhatIsNoPanel()
+{
+    QWidget other;
+    QVERIFY(!resolve<LangChanged>("LangChanged")(&other));
+    QVERIFY(!resolve<LangChanged>("LangChanged")(nullptr));
+    QVERIFY(!resolve<Create>("CreateModuParamConfigInstance")(7, nullptr, nullptr));
+}
+
+QTEST_MAIN(tst_plugin)
+#include "tst_plugin.moc"
