@@ -1,0 +1,64 @@
+#pragma once
+
+#include "Flow.h"
+#include "ZelCommon/FilterSourceCommands.h"
+#include "core_client/core_client.h"
+
+#include <memory>
+
+class Store;
+
+/// A platform core inside the process: executes the whole catalogue of commands on a flow and a durable
+/// store. GUI thread only. Whatever is wrong with a command or the store is told as Failed with a
+/// message; nothing is half done then.
+class EmbeddedCore : public ZelCore::ICommandService
+{
+public:
+    /// Null, and a sentence in error that names the file, when the store can't be opened.
+    static std::unique_ptr<EmbeddedCore> open(Flow flow, const QString& storeFile, QString* error);
+    ~EmbeddedCore() override;
+
+    const Flow& flow() const { return m_flow; }
+    QString storeFile() const;
+
+    ZelCore::CommandResult Execute(ZelCore::ICommand& command) override;
+    ZelCore::CommandResult Execute(const void* sender, ZelCore::ICommand& command) override;
+    /// Executed before it returns; the future is ready.
+    std::future<ZelCore::CommandResult> ExecuteAsync(const void* sender, ZelCore::ICommand& command) override;
+
+private:
+    using SubscribeTreeQuery =
+        ZelCore::QueryCommand<ZelCore::SUBSCRIBE_CONDITION__, ZelCore::SUBSCRIBE_TREE__>;
+    using BinaryDataQuery = ZelCore::QueryCommand<ZelCore::BINARY_DATA_CONDITION__, ZelCore::BINARY_DATA__>;
+    using RunParamQuery = ZelCore::QueryCommand<ZelCore::RUN_PARAM_CONDITION__, KADO_MODULE_PARAM__>;
+    using UIDataQuery =
+        ZelCore::QueryCommand<ZelCore::UI_OBJECT_PARAM_INFO_CONDITION__, ZelCore::UI_OBJECT_PARAM_INFO__>;
+
+    EmbeddedCore(Flow flow, std::unique_ptr<Store> store);
+
+    template <typename... Commands>
+    ZelCore::CommandResult dispatch(ZelCore::ICommand& command);
+
+    ZelCore::CommandStatus execute(ZelCore::AddIOCommand& command);
+    ZelCore::CommandStatus execute(ZelCore::SetRunParamCommand& command);
+    ZelCore::CommandStatus execute(ZelCore::SetBinaryDataCommand& command);
+    ZelCore::CommandStatus execute(ZelCore::SetUIDataCommand& command);
+    ZelCore::CommandStatus execute(ZelCore::DeleteUIDataCommand& command);
+    ZelCore::CommandStatus execute(SubscribeTreeQuery& command);
+    ZelCore::CommandStatus execute(BinaryDataQuery& command);
+    ZelCore::CommandStatus execute(RunParamQuery& command);
+    ZelCore::CommandStatus execute(UIDataQuery& command);
+    ZelCore::CommandStatus execute(ZelCore::SetFilterSourceCommand& command);
+    ZelCore::CommandStatus execute(ZelCore::GetFilterSourceCommand& command);
+    ZelCore::CommandStatus execute(ZelCore::DelFilterSourceCommand& command);
+
+    /// The id, once it is known to be of the flow; throws CoreError otherwise.
+    ZelCore::UInt checkedModule(ZelCore::UInt id) const;
+    /// Throws CoreError, saying why, when the source can't feed the target.
+    void checkSource(const ZelCore::FilterSourceTarget& target, const QString& subscribeName) const;
+    /// The value types that a target takes; empty for any.
+    QStringList acceptedTypes(const ZelCore::FilterSourceTarget& target) const;
+
+    Flow m_flow;
+    std::unique_ptr<Store> m_store;
+};

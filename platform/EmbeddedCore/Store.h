@@ -1,0 +1,67 @@
+#pragma once
+
+#include "Flow.h"
+#include "core_client/Records.h"
+
+#include <QLockFile>
+#include <QSqlDatabase>
+#include <QVariantList>
+
+#include <memory>
+#include <optional>
+
+class QSqlQuery;
+
+/// The durable store of the core: one SQLite file, one transaction a change, on disk when the change
+/// returns. A file belongs to one store at a time; other programs may read it meanwhile.
+///
+/// Every operation throws CoreError when the file can't be read or written; the file is then as before.
+class Store
+{
+public:
+    /// What a module has by name.
+    enum class Values { BinaryData, RunParameter, UiData };
+
+    struct Io
+    {
+        ZelCore::IOClass ioClass = ZelCore::Unknown;
+        QString valueType;
+    };
+
+    /// Opens or makes the file, and gives every module of the flow that is new to it its first values.
+    Store(const QString& file, const Flow& flow);
+    ~Store();
+    Q_DISABLE_COPY(Store)
+
+    QString file() const { return m_file; }
+
+    void setValue(Values values, ZelCore::UInt moduleId, const QString& name, const QVariant& value);
+    std::optional<QByteArray> value(Values values, ZelCore::UInt moduleId, const QString& name) const;
+    /// Whether there was one.
+    bool removeValue(Values values, ZelCore::UInt moduleId, const QString& name);
+
+    void addIo(ZelCore::UInt moduleId, const QString& name, const Io& io,
+               const ZelCore::IO_EXTRA_DATA__& flags);
+    std::optional<Io> io(ZelCore::UInt moduleId, const QString& name) const;
+
+    void setBinding(ZelCore::UInt moduleId, ZelCore::ENUM_IO_SUBSCRIBE_TYPE_ type, const QString& key,
+                    const QString& source);
+    std::optional<QString> binding(ZelCore::UInt moduleId, ZelCore::ENUM_IO_SUBSCRIBE_TYPE_ type,
+                                   const QString& key) const;
+    /// Whether there was one.
+    bool removeBinding(ZelCore::UInt moduleId, ZelCore::ENUM_IO_SUBSCRIBE_TYPE_ type, const QString& key);
+
+private:
+    void open();
+    void checkContent();
+    void createTables();
+    void registerModules(const Flow& flow);
+
+    QSqlQuery run(const QString& statement, const QVariantList& values = {}) const;
+    QVariant pragma(const QString& name) const;
+
+    QString m_file;
+    QLockFile m_lock;
+    QString m_connectionName;
+    QSqlDatabase m_database;
+};
