@@ -159,6 +159,7 @@ FakeCore::Answer FakeCore::answerTo(ICommand& command)
         if (auto* const get = dynamic_cast<GetFilterSourceCommand*>(c)) {
             return {head(c->Target.ModuleID, key), [this, key, get] {
                         get->SubscribeName = bindings.value(key);
+                        get->SourceIsMissing = missingSources.contains(get->SubscribeName);
                         return CommandResult(bindings.contains(key) ? Success : NothingChanged);
                     }};
         }

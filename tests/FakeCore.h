@@ -33,6 +33,8 @@ public:
     QMap<QString, QByteArray> runParams;
     QMap<QString, QByteArray> uiData;
     QMap<QString, QString> bindings;
+    /// Sources that the flow no longer has.
+    QStringList missingSources;
     ZelCore::SUBSCRIBE_TREE__ subscribeTree;
     /// The record of the last AddIOCommand.
     ZelCore::IO_INFO__ lastIo;

@@ -1,0 +1,147 @@
+#include "ButtonSelecterView.h"
+
+#include "SubscribeField.h"
+#include "SubscribeMenuPopup.h"
+#include "ZelCommon/FilterSourceCommands.h"
+
+#include <QPainter>
+#include <QResizeEvent>
+#include <QToolButton>
+
+#include <utility>
+
+using namespace ZelCore;
+
+namespace {
+
+constexpr int buttonWidth = 25;
+
+FilterSourceTarget targetOf(int moduleId, ENUM_IO_SUBSCRIBE_TYPE_ type, QString key)
+{
+    return {static_cast<UInt>(moduleId), type, std::move(key)};
+}
+
+// How the operations tell a result.
+int answerTo(const CommandResult& result)
+{
+    return IsSuccess(result) ? 0 : -1;
+}
+
+} // namespace
+
+ButtonSelecterView::ButtonSelecterView(QWidget* parent)
+    : QWidget(parent)
+    , m_field(new SubscribeField(this))
+    , m_button(new QToolButton(this))
+{
+    m_button->setArrowType(Qt::DownArrow);
+    m_button->setAutoRaise(true);
+    m_button->setFocusPolicy(Qt::StrongFocus);
+    m_button->installEventFilter(this);
+    setAttribute(Qt::WA_Hover);
+    m_button->setAccessibleName(tr("choose a value"));
+    connect(m_button, &QToolButton::clicked, this, &ButtonSelecterView::openMenu);
+    connect(m_field, &SubscribeField::clicked, this, &ButtonSelecterView::openMenu);
+}
+
+int ButtonSelecterView::SetFilterSourceOperation4IO(int moduleId, ENUM_IO_SUBSCRIBE_TYPE_ type, QString key,
+                                                    QString info)
+{
+    SetFilterSourceCommand command(targetOf(moduleId, type, std::move(key)), std::move(info));
+    return answerTo(ExecuteCommand(command));
+}
+
+int ButtonSelecterView::GetFilterSourceOperation4IO(int moduleId, ENUM_IO_SUBSCRIBE_TYPE_ type, QString key,
+                                                    QString& info)
+{
+    GetFilterSourceCommand command(targetOf(moduleId, type, std::move(key)));
+    const int answer = answerTo(ExecuteCommand(command));
+    if (answer == 0) {
+        info = command.SubscribeName;
+        m_missing = command.SourceIsMissing ? info : QString();
+    }
+    return answer;
+}
+
+int ButtonSelecterView::DelFilterSourceOperation4IO(int moduleId, ENUM_IO_SUBSCRIBE_TYPE_ type, QString key)
+{
+    DelFilterSourceCommand command(targetOf(moduleId, type, std::move(key)));
+    const CommandResult result = ExecuteCommand(command);
+    if (IsSuccess(result) || result.Status == NothingChanged) {
+        // A value that is bound no longer must not look as if it were.
+        SetEdiSubscribeText(QString());
+    }
+    return answerTo(result);
+}
+
+void ButtonSelecterView::UpdateSubscribeMenuData(QJsonArray& menu, int)
+{
+    m_menu = menu;
+    if (m_popup) {
+        m_popup->setMenu(m_menu);
+    }
+}
+
+void ButtonSelecterView::SetEdiSubscribeText(QString text)
+{
+    m_field->show(text, !text.isEmpty() && text == m_missing);
+}
+
+void ButtonSelecterView::SetHide()
+{
+    if (m_popup) {
+        m_popup->close();
+    }
+}
+
+void ButtonSelecterView::openMenu()
+{
+    if (m_popup && m_popup->isVisible()) {
+        return;
+    }
+    emit sigQuerySubscribeMenuInfo(QString());
+    if (!m_popup) {
+        m_popup = new SubscribeMenuPopup(this);
+        m_popup->setMenu(m_menu);
+        // Queued: who answers a choice may destroy this widget, but not from within the pop-up's events.
+        connect(m_popup, &SubscribeMenuPopup::chosen, this, &ButtonSelecterView::choose,
+                Qt::QueuedConnection);
+    }
+    m_popup->open(m_field->text());
+}
+
+void ButtonSelecterView::choose(const QString& info)
+{
+    m_missing.clear();
+    SetEdiSubscribeText(info);
+    emit sigEdiSubscribeInfoChanged(info);
+}
+
+void ButtonSelecterView::placeParts(int width, int height)
+{
+    m_field->setFixedSize(width - buttonWidth, height);
+    m_button->setGeometry(width - buttonWidth, 0, buttonWidth, height);
+}
+
+void ButtonSelecterView::resizeEvent(QResizeEvent* event)
+{
+    placeParts(event->size().width(), event->size().height());
+    QWidget::resizeEvent(event);
+}
+
+bool ButtonSelecterView::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) {
+        update(); // the border shows where the focus is
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void ButtonSelecterView::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(underMouse() || m_button->hasFocus() ? QColor(231, 105, 0) : QColor(204, 204, 205));
+    painter.setBrush(Qt::white);
+    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 3, 3);
+}

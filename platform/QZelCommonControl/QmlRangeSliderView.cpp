@@ -1,0 +1,248 @@
+#include "QmlRangeSliderView.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QOpenGLContext>
+#include <QPointer>
+#include <QQmlEngine>
+#include <QQmlError>
+#include <QQuickItem>
+#include <QQuickWidget>
+#include <QQuickWindow>
+#include <QWheelEvent>
+#include <QWindow>
+
+using Grip = RangeSliderState::Grip;
+
+namespace {
+
+constexpr int largeStep = 10;
+// On a wide range a pixel is a large step: a finger that trembles must not move a bound.
+constexpr int dragThreshold = 3; // px
+constexpr int wheelNotch = 120;  // eighths of a degree
+
+// Kept until the application ends: making one costs far more than keeping it.
+QQmlEngine* sharedEngine()
+{
+    static QPointer<QQmlEngine> engine;
+    if (!engine) {
+        engine = new QQmlEngine(QCoreApplication::instance());
+    }
+    return engine;
+}
+
+// Where the host has chosen no way to draw and OpenGL is missing, the software scene graph draws.
+void chooseSceneGraph()
+{
+    if (!QQuickWindow::sceneGraphBackend().isEmpty() || qEnvironmentVariableIsSet("QT_QUICK_BACKEND")) {
+        return;
+    }
+    static const bool hasOpenGl = QOpenGLContext().create();
+    if (!hasOpenGl) {
+        QQuickWindow::setSceneGraphBackend(QSGRendererInterface::Software);
+    }
+}
+
+int stepOf(Qt::KeyboardModifiers modifiers)
+{
+    return modifiers & Qt::ShiftModifier ? largeStep : 1;
+}
+
+} // namespace
+
+QmlRangeSliderView::QmlRangeSliderView(QWidget* parent)
+    : QWidget(parent, Qt::Tool | Qt::FramelessWindowHint)
+{
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    setFocusPolicy(Qt::StrongFocus);
+    setMouseTracking(true);
+}
+
+QmlRangeSliderView::~QmlRangeSliderView() = default;
+
+void QmlRangeSliderView::SetRange(int min, int max)
+{
+    m_state.setRange(min, max);
+    showState();
+}
+
+void QmlRangeSliderView::SetCurrentMinD(double value)
+{
+    m_state.setLower(value);
+    showState();
+}
+
+void QmlRangeSliderView::SetCurrentMaxD(double value)
+{
+    m_state.setUpper(value);
+    showState();
+}
+
+void QmlRangeSliderView::createView()
+{
+    chooseSceneGraph();
+    m_view = new QQuickWidget(sharedEngine(), this);
+    // Mouse and keys are this widget's; the scene only shows.
+    m_view->setAttribute(Qt::WA_TransparentForMouseEvents);
+    m_view->setFocusPolicy(Qt::NoFocus);
+    m_view->setResizeMode(QQuickWidget::SizeRootObjectToView);
+    m_view->setClearColor(Qt::white);
+    m_view->setSource(QUrl(QStringLiteral("qrc:/QZelCommonControl/QmlRangeSliderView.qml")));
+    const auto errors = m_view->errors();
+    for (const QQmlError& error : errors) {
+        qWarning("range slider: %s", qUtf8Printable(error.toString()));
+    }
+    m_view->resize(size());
+    m_view->show();
+}
+
+void QmlRangeSliderView::showEvent(QShowEvent* event)
+{
+    if (!m_view) {
+        createView();
+    }
+    showState();
+    highlight(Grip::None);
+    // A tool window of its own, but above the window that it opens over.
+    const QWidget* const host = QApplication::activeWindow();
+    if (host && host != this && windowHandle()) {
+        windowHandle()->setTransientParent(host->windowHandle());
+    }
+    QWidget::showEvent(event);
+}
+
+void QmlRangeSliderView::resizeEvent(QResizeEvent* event)
+{
+    if (m_view) {
+        m_view->resize(event->size());
+    }
+    QWidget::resizeEvent(event);
+}
+
+void QmlRangeSliderView::showState()
+{
+    if (QQuickItem* const slider = m_view ? m_view->rootObject() : nullptr) {
+        QMetaObject::invokeMethod(slider, "setValues", Q_ARG(qreal, m_state.lowerPosition()),
+                                  Q_ARG(qreal, m_state.upperPosition()));
+    }
+}
+
+double QmlRangeSliderView::positionAt(int x) const
+{
+    const QQuickItem* const slider = m_view ? m_view->rootObject() : nullptr;
+    if (!slider) {
+        return 0.0;
+    }
+    const double handle = slider->property("handleWidth").toDouble();
+    const double travel = slider->property("availableWidth").toDouble() - handle;
+    const double offset = x - slider->property("leftPadding").toDouble() - handle / 2;
+    return travel > 0 ? offset / travel : 0.0;
+}
+
+double QmlRangeSliderView::handleReach() const
+{
+    const int handle =
+        m_view && m_view->rootObject() ? m_view->rootObject()->property("handleWidth").toInt() : 0;
+    return positionAt(handle) - positionAt(handle / 2);
+}
+
+void QmlRangeSliderView::highlight(Grip grip)
+{
+    if (QQuickItem* const slider = m_view ? m_view->rootObject() : nullptr) {
+        slider->setProperty("isLowerLit", grip != Grip::None && grip != Grip::Upper);
+        slider->setProperty("isUpperLit", grip != Grip::None && grip != Grip::Lower);
+    }
+}
+
+void QmlRangeSliderView::report(bool isChanged)
+{
+    if (isChanged) {
+        showState();
+        emit sigRangeSliderChange(m_state.lower(), m_state.upper());
+    }
+}
+
+void QmlRangeSliderView::mousePressEvent(QMouseEvent* event)
+{
+    if (event->button() != Qt::LeftButton) {
+        return;
+    }
+    activateWindow();
+    setFocus(Qt::MouseFocusReason);
+    m_pressX = event->x();
+    m_isDragging = false;
+    const bool isChanged = m_state.press(positionAt(event->x()), handleReach());
+    highlight(m_state.active());
+    report(isChanged);
+}
+
+void QmlRangeSliderView::mouseMoveEvent(QMouseEvent* event)
+{
+    const double position = positionAt(event->x());
+    if (!(event->buttons() & Qt::LeftButton)) {
+        highlight(m_state.gripAt(position, handleReach()));
+        return;
+    }
+    m_isDragging = m_isDragging || std::abs(event->x() - m_pressX) >= dragThreshold;
+    if (m_isDragging) {
+        const bool isChanged = m_state.drag(position);
+        highlight(m_state.active());
+        report(isChanged);
+    }
+}
+
+void QmlRangeSliderView::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton) {
+        m_state.release();
+    }
+}
+
+void QmlRangeSliderView::leaveEvent(QEvent* event)
+{
+    highlight(hasFocus() ? m_state.active() : Grip::None);
+    QWidget::leaveEvent(event);
+}
+
+void QmlRangeSliderView::wheelEvent(QWheelEvent* event)
+{
+    // Shift turns a wheel sideways on some systems.
+    const QPoint angle = event->angleDelta();
+    m_wheelAngle += angle.y() != 0 ? angle.y() : angle.x();
+    const int notches = m_wheelAngle / wheelNotch;
+    m_wheelAngle %= wheelNotch;
+    event->accept();
+    if (notches != 0) {
+        m_state.setActive(m_state.gripAt(positionAt(event->position().toPoint().x()), handleReach()));
+        highlight(m_state.active());
+        report(m_state.step(notches * stepOf(event->modifiers())));
+    }
+}
+
+void QmlRangeSliderView::keyPressEvent(QKeyEvent* event)
+{
+    switch (event->key()) {
+    case Qt::Key_Left:
+    case Qt::Key_Down:
+        report(m_state.step(-stepOf(event->modifiers())));
+        break;
+    case Qt::Key_Right:
+    case Qt::Key_Up:
+        report(m_state.step(stepOf(event->modifiers())));
+        break;
+    case Qt::Key_Escape:
+        hide();
+        break;
+    default:
+        QWidget::keyPressEvent(event);
+        return;
+    }
+}
+
+bool QmlRangeSliderView::focusNextPrevChild(bool)
+{
+    m_state.setActive(m_state.active() == Grip::Lower ? Grip::Upper : Grip::Lower);
+    highlight(m_state.active());
+    return true;
+}

@@ -1,0 +1,362 @@
+#include "FakeCore.h"
+#include "QZelCommonControl/ButtonSelecterView.h"
+#include "QZelCommonControl/SubscribeMenuModel.h"
+
+#include <QAbstractItemModelTester>
+#include <QApplication>
+#include <QJsonDocument>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPointer>
+#include <QPushButton>
+#include <QScreen>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QToolButton>
+#include <QTreeView>
+#include <QtTest>
+
+#include <memory>
+
+using namespace ZelCore;
+
+namespace {
+
+const char* const menuText = R"([
+    {"label": "1 Camera", "isTitle": true, "level": 1, "subnodes": [
+        {"label": "Width", "isTitle": false, "level": 2, "subscribeName": "1.Width"}]},
+    {"label": "5 Blob", "isTitle": true, "level": 1, "subnodes": [
+        {"label": "Count", "isTitle": false, "level": 2, "subscribeName": "5.Count"},
+        {"label": "Mean", "isTitle": true, "level": 2, "subnodes": [
+            {"label": "Radius", "isTitle": false, "level": 3, "subscribeName": "5.Mean.Radius"},
+            {"label": "Hollow", "isTitle": false, "level": 3, "subscribeName": ""}]}]}])";
+
+QJsonArray menuOf(const char* json)
+{
+    return QJsonDocument::fromJson(json).array();
+}
+
+// The tree as indented lines.
+QStringList linesOf(const QAbstractItemModel& model, const QModelIndex& parent = {},
+                    const QString& indent = {})
+{
+    QStringList lines;
+    for (int row = 0; row < model.rowCount(parent); ++row) {
+        const QModelIndex index = model.index(row, 0, parent);
+        lines << indent + index.data().toString() << linesOf(model, index, indent + QLatin1Char('-'));
+    }
+    return lines;
+}
+
+// A selector in a host's window beside a push button; asked for a menu it answers with the one above.
+struct SelecterFixture
+{
+    SelecterFixture()
+    {
+        window.resize(600, 200);
+        selecter->SetFixedSize(100, 30);
+        selecter->move(20, 20);
+        neighbour->setGeometry(450, 120, 80, 30);
+        QObject::connect(selecter, &ButtonSelecterView::sigQuerySubscribeMenuInfo, selecter,
+                         [this] { selecter->UpdateSubscribeMenuData(menu, 0); });
+        window.show();
+    }
+
+    void open() const { selecter->findChild<QToolButton*>()->click(); }
+    QTreeView* tree() const { return selecter->findChild<QTreeView*>(); }
+    QLineEdit* filter() const { return tree()->parentWidget()->findChild<QLineEdit*>(); }
+    bool isOpen() const { return tree() && tree()->window()->isVisible(); }
+    QString current() const { return tree()->currentIndex().data().toString(); }
+
+    FakeCore core;
+    QWidget window;
+    QPointer<ButtonSelecterView> selecter = new ButtonSelecterView(&window);
+    QPushButton* neighbour = new QPushButton(&window);
+    QJsonArray menu = menuOf(menuText);
+    QSignalSpy asked{selecter, &ButtonSelecterView::sigQuerySubscribeMenuInfo};
+    QSignalSpy chosen{selecter, &ButtonSelecterView::sigEdiSubscribeInfoChanged};
+};
+
+} // namespace
+
+class tst_subscribe_selecter : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void filtering_data();
+    void filtering();
+    void entriesOfTheMenu();
+    void deepAndLargeMenus();
+    void keysChoose_data();
+    void keysChoose();
+    void asksEachTime();
+    void aClickChooses();
+    void aClickBesideClosesAndArrives();
+    void aFingerScrolls();
+    void staysOnTheScreen_data();
+    void staysOnTheScreen();
+    void field();
+    void bindings();
+    void destroyedByTheAnswer();
+};
+
+void tst_subscribe_selecter::filtering_data()
+{
+    QTest::addColumn<QString>("filter");
+    QTest::addColumn<QStringList>("lines");
+    QTest::newRow("none") << QString()
+                          << QStringList({"not bound", "1 Camera", "-Width", "5 Blob", "-Count", "-Mean",
+                                          "--Radius"});
+    QTest::newRow("leaf") << "radi" << QStringList({"5 Blob", "-Mean", "--Radius"});
+    QTest::newRow("words of the path") << " MEAN  5 " << QStringList({"5 Blob", "-Mean", "--Radius"});
+    QTest::newRow("group") << "blob" << QStringList({"5 Blob", "-Count", "-Mean", "--Radius"});
+    QTest::newRow("nothing") << "xyz" << QStringList();
+}
+
+void tst_subscribe_selecter::filtering()
+{
+    QFETCH(QString, filter);
+    SubscribeMenuModel model;
+    model.setMenu(menuOf(menuText));
+    QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
+    model.setFilter(QStringLiteral("other"));
+    model.setFilter(filter);
+    QTEST(linesOf(model), "lines");
+}
+
+void tst_subscribe_selecter::entriesOfTheMenu()
+{
+    SubscribeMenuModel model;
+    model.setMenu(menuOf(menuText));
+    const QModelIndex leaf = model.find(QStringLiteral("5.Mean.Radius"));
+    QCOMPARE(leaf.data(Qt::ToolTipRole).toString(), QStringLiteral("5 Blob / Mean / Radius\n5.Mean.Radius"));
+    QVERIFY(leaf.flags() & Qt::ItemIsSelectable);
+    QVERIFY(!(leaf.parent().flags() & Qt::ItemIsSelectable));
+    QCOMPARE(model.find(QString()), model.index(0, 0));
+    QVERIFY(!model.find(QStringLiteral("none")).isValid());
+    model.setFilter(QStringLiteral("width"));
+    QVERIFY(!model.find(QStringLiteral("5.Mean.Radius")).isValid());
+}
+
+void tst_subscribe_selecter::deepAndLargeMenus()
+{
+    QJsonArray menu;
+    for (int i = 0; i < 10000; ++i) {
+        menu << QJsonObject{{"label", QStringLiteral("leaf%1").arg(i)},
+                            {"subscribeName", QString::number(i)}};
+    }
+    for (int level = 0; level < 64; ++level) {
+        menu = {QJsonObject{{"label", "group"}, {"isTitle", true}, {"subnodes", menu}}};
+    }
+    SelecterFixture f;
+    f.menu = menu;
+    f.selecter->SetEdiSubscribeText(QStringLiteral("7777"));
+    f.open();
+    QCOMPARE(f.current(), QStringLiteral("leaf7777"));
+    const int y = f.tree()->visualRect(f.tree()->currentIndex()).center().y();
+    QVERIFY(y > 0 && y < f.tree()->viewport()->height());
+}
+
+void tst_subscribe_selecter::keysChoose_data()
+{
+    QTest::addColumn<QString>("present");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QVector<int>>("keys");
+    QTest::addColumn<QStringList>("chosen");
+    QTest::newRow("present one") << "5.Count"
+                                 << "" << QVector<int>{Qt::Key_Return} << QStringList("5.Count");
+    QTest::newRow("down, past a group")
+        << "5.Count"
+        << "" << QVector<int>{Qt::Key_Down, Qt::Key_Enter} << QStringList("5.Mean.Radius");
+    QTest::newRow("up, past a group")
+        << "5.Count"
+        << "" << QVector<int>{Qt::Key_Up, Qt::Key_Return} << QStringList("1.Width");
+    QTest::newRow("beyond the end") << "5.Mean.Radius"
+                                    << "" << QVector<int>{Qt::Key_Down, Qt::Key_Return}
+                                    << QStringList("5.Mean.Radius");
+    QTest::newRow("a page up") << "5.Mean.Radius"
+                               << "" << QVector<int>{Qt::Key_PageUp, Qt::Key_Return} << QStringList("");
+    QTest::newRow("not bound") << "1.Width"
+                               << "" << QVector<int>{Qt::Key_Up, Qt::Key_Return} << QStringList("");
+    QTest::newRow("first match") << "1.Width"
+                                 << "mean" << QVector<int>{Qt::Key_Return} << QStringList("5.Mean.Radius");
+    QTest::newRow("no match") << "1.Width"
+                              << "xyz" << QVector<int>{Qt::Key_Return} << QStringList();
+    QTest::newRow("escape") << "1.Width"
+                            << "" << QVector<int>{Qt::Key_Escape} << QStringList();
+}
+
+void tst_subscribe_selecter::keysChoose()
+{
+    QFETCH(QString, present);
+    QFETCH(QString, typed);
+    QFETCH(QVector<int>, keys);
+    QFETCH(QStringList, chosen);
+    SelecterFixture f;
+    f.selecter->SetEdiSubscribeText(present);
+    f.open();
+    QTest::keyClicks(f.filter(), typed);
+    for (const int key : keys) {
+        QTest::keyClick(f.filter(), static_cast<Qt::Key>(key));
+    }
+    QCOMPARE(f.isOpen(), typed == QLatin1String("xyz"));
+    QCoreApplication::processEvents();
+    QStringList reported;
+    for (const auto& arguments : qAsConst(f.chosen)) {
+        reported << arguments.first().toString();
+    }
+    QCOMPARE(reported, chosen);
+    QCOMPARE(f.selecter->findChild<QLineEdit*>()->text(), chosen.value(0, present));
+}
+
+void tst_subscribe_selecter::asksEachTime()
+{
+    SelecterFixture f;
+    f.open();
+    QTest::keyClicks(f.filter(), QStringLiteral("rad"));
+    f.selecter->SetHide();
+    QVERIFY(!f.isOpen());
+    f.menu = QJsonArray();
+    f.open();
+    QCOMPARE(f.asked.count(), 2);
+    QCOMPARE(linesOf(*f.tree()->model()), QStringList("not bound"));
+    QVERIFY(f.tree()->parentWidget()->findChild<QLabel*>()->isVisible());
+    f.selecter->SetHide();
+    f.selecter->SetHide();
+    QVERIFY(f.chosen.isEmpty());
+}
+
+void tst_subscribe_selecter::aClickChooses()
+{
+    SelecterFixture f;
+    f.open();
+    const QAbstractItemModel* const model = f.tree()->model();
+    const auto click = [&f](const QModelIndex& index) {
+        const QRect place = f.tree()->visualRect(index);
+        QVERIFY(place.height() >= 30);
+        QTest::mouseClick(f.tree()->viewport(), Qt::LeftButton, {}, place.center());
+    };
+    click(model->index(1, 0));
+    QVERIFY(f.isOpen());
+    click(model->index(0, 0, model->index(1, 0)));
+    QVERIFY(!f.isOpen());
+    QTRY_COMPARE(f.chosen.count(), 1);
+    QCOMPARE(f.chosen[0][0].toString(), QStringLiteral("1.Width"));
+}
+
+void tst_subscribe_selecter::aClickBesideClosesAndArrives()
+{
+    SelecterFixture f;
+    QSignalSpy clicked(f.neighbour, &QPushButton::clicked);
+    const auto click = [&f](const QWidget* widget) {
+        QTest::mouseClick(f.window.windowHandle(), Qt::LeftButton, {}, widget->geometry().center());
+        QCoreApplication::processEvents();
+    };
+    f.open();
+    click(f.neighbour);
+    QVERIFY(!f.isOpen());
+    QCOMPARE(clicked.count(), 1);
+    f.open();
+    click(f.selecter);
+    QVERIFY2(!f.isOpen(), "the click on the field opened the menu again");
+}
+
+void tst_subscribe_selecter::aFingerScrolls()
+{
+    SelecterFixture f;
+    for (int i = 0; i < 5; ++i) {
+        f.menu << f.menu[1];
+    }
+    f.open();
+    QCoreApplication::processEvents();
+    QWidget* const viewport = f.tree()->viewport();
+    const QPoint from(60, 200);
+    QTest::mousePress(viewport, Qt::LeftButton, {}, from);
+    QMouseEvent move(QEvent::MouseMove, from - QPoint(0, 90), Qt::NoButton, Qt::LeftButton, {});
+    QApplication::sendEvent(viewport, &move);
+    QTest::mouseRelease(viewport, Qt::LeftButton, {}, from - QPoint(0, 90));
+    QCOMPARE(f.tree()->verticalScrollBar()->value(), 90);
+    QVERIFY(f.isOpen());
+}
+
+void tst_subscribe_selecter::staysOnTheScreen_data()
+{
+    QTest::addColumn<Qt::Corner>("corner");
+    QTest::newRow("top left") << Qt::TopLeftCorner;
+    QTest::newRow("top right") << Qt::TopRightCorner;
+    QTest::newRow("bottom left") << Qt::BottomLeftCorner;
+    QTest::newRow("bottom right") << Qt::BottomRightCorner;
+}
+
+void tst_subscribe_selecter::staysOnTheScreen()
+{
+    QFETCH(Qt::Corner, corner);
+    SelecterFixture f;
+    const QRect screen = f.window.screen()->availableGeometry();
+    QRect place(QPoint(), f.selecter->size());
+    corner == Qt::TopLeftCorner      ? place.moveTopLeft(screen.topLeft())
+    : corner == Qt::TopRightCorner   ? place.moveTopRight(screen.topRight())
+    : corner == Qt::BottomLeftCorner ? place.moveBottomLeft(screen.bottomLeft())
+                                     : place.moveBottomRight(screen.bottomRight());
+    f.window.move(place.topLeft() - QPoint(20, 20));
+    QCoreApplication::processEvents();
+    place.moveTopLeft(f.selecter->mapToGlobal(QPoint())); // the window may have a frame
+    f.open();
+    const QRect popup = f.tree()->window()->geometry();
+    QVERIFY(screen.contains(popup));
+    QVERIFY(!popup.intersects(place) && popup.height() > 100);
+}
+
+void tst_subscribe_selecter::field()
+{
+    SelecterFixture f;
+    auto* const field = f.selecter->findChild<QLineEdit*>();
+    QCOMPARE(f.selecter->size(), QSize(100, 30));
+    QCOMPARE(field->size(), QSize(75, 30));
+    const QString longText = QStringLiteral("5.Mean.AVeryLongNameOfAMeasurement");
+    f.selecter->SetEdiSubscribeText(longText);
+    QCOMPARE(field->text(), longText);
+    QCOMPARE(field->toolTip(), longText);
+    QVERIFY(field->isReadOnly());
+}
+
+void tst_subscribe_selecter::bindings()
+{
+    SelecterFixture f;
+    auto* const field = f.selecter->findChild<QLineEdit*>();
+    QString info = QStringLiteral("untouched");
+    const QString key = QStringLiteral("%int0%");
+    QCOMPARE(f.selecter->GetFilterSourceOperation4IO(7, SUBSCRIBE_TYPE_IO, key, info), -1);
+    QCOMPARE(info, QStringLiteral("untouched"));
+    QCOMPARE(f.selecter->SetFilterSourceOperation4IO(7, SUBSCRIBE_TYPE_IO, key, QStringLiteral("5.Gone")), 0);
+    f.core.missingSources << QStringLiteral("5.Gone");
+    QCOMPARE(f.selecter->GetFilterSourceOperation4IO(7, SUBSCRIBE_TYPE_IO, key, info), 0);
+    f.selecter->SetEdiSubscribeText(info);
+    QVERIFY(field->toolTip().contains(QLatin1String("no such value")));
+    f.selecter->SetEdiSubscribeText(QStringLiteral("5.Count"));
+    QCOMPARE(field->toolTip(), QStringLiteral("5.Count"));
+
+    QCOMPARE(f.selecter->DelFilterSourceOperation4IO(7, SUBSCRIBE_TYPE_IO, key), 0);
+    QCOMPARE(field->text(), QString());
+    QCOMPARE(f.selecter->DelFilterSourceOperation4IO(7, SUBSCRIBE_TYPE_IO, key), -1);
+    f.core.fault = [](int, const QString&) { return CommandResult(Failed, "no"); };
+    QCOMPARE(f.selecter->SetFilterSourceOperation4IO(7, SUBSCRIBE_TYPE_IO, key, QStringLiteral("5.A")), -1);
+}
+
+void tst_subscribe_selecter::destroyedByTheAnswer()
+{
+    SelecterFixture f;
+    QObject::connect(f.selecter, &ButtonSelecterView::sigEdiSubscribeInfoChanged, &f.window,
+                     [&f] { delete f.selecter; });
+    f.open();
+    QTest::keyClick(f.filter(), Qt::Key_Return);
+    QTRY_VERIFY(!f.selecter);
+
+    auto open = std::make_unique<SelecterFixture>();
+    open->open();
+    open.reset();
+}
+
+QTEST_MAIN(tst_subscribe_selecter)
+#include "tst_subscribe_selecter.moc"
