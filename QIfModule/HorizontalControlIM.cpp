@@ -262,6 +262,8 @@ void HorizontalControlIM::onSubscribeValueChanged2SetParam(QString info)
         const QPointer<HorizontalControlIM> row = this;
         WarningBox::show(nullptr, QCoreApplication::translate("QIfModuleMainView", "未找到绑定数据"));
         if (row) {
+            // Without a binding that stands there is nothing to show, the refused choice least of all.
+            m_bsvButtonSelecter.SetEdiSubscribeText(QString());
             QueryIfModuSubScribeInfo();
         }
         return;

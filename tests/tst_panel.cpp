@@ -68,6 +68,7 @@ private slots:
     void modeIsStored();
     void unknownTypeWord();
     void bindingTheInput();
+    void refusedBinding_data();
     void refusedBinding();
     void deleting_data();
     void deleting();
@@ -393,10 +394,20 @@ void tst_panel::bindingTheInput()
     QCOMPARE(f.core.takeCommands(), QStringList("QuerySubscribeTree 7 range=1 types=1 int"));
 }
 
+void tst_panel::refusedBinding_data()
+{
+    QTest::addColumn<QString>("standing");
+    QTest::newRow("bound before") << "5.Count";
+    QTest::newRow("not bound before") << "";
+}
+
 void tst_panel::refusedBinding()
 {
+    QFETCH(QString, standing);
     Fixture f;
-    f.core.bindings[QStringLiteral("1/%int0%")] = QStringLiteral("5.Count");
+    if (!standing.isEmpty()) {
+        f.core.bindings[QStringLiteral("1/%int0%")] = standing;
+    }
     f.show("%int0%:0:100:a;");
     auto* const selecter = f.panel->findChildren<ButtonSelecterView*>(QString()).value(0);
     auto* const field = selecter->findChild<QLineEdit*>();
@@ -407,7 +418,7 @@ void tst_panel::refusedBinding()
         emit selecter->sigEdiSubscribeInfoChanged(QStringLiteral("9.Refused"));
         QCOMPARE(warning.text, QStringLiteral("未找到绑定数据"));
         QVERIFY(warning.isPlainWarning && !warning.hasParent);
-        QCOMPARE(field->text(), QStringLiteral("5.Count"));
+        QCOMPARE(field->text(), standing);
     }
     // The row goes while its warning is open.
     NextWarning warning([&f] { f.at<QPushButton>("m_btnDelete")->click(); });
