@@ -1,0 +1,32 @@
+#!/bin/sh
+# Installs what is missing for a purpose: setup.sh run | test. Only then does it need root and the network.
+set -eu
+
+build='g++ cmake ninja-build qtbase5-dev qtdeclarative5-dev qtquickcontrols2-5-dev'
+run='libqt5sql5-sqlite qml-module-qtquick2 qml-module-qtquick-controls2 qml-module-qtquick-templates2
+     qml-module-qtquick-window2 fonts-dejavu-core fonts-wqy-microhei'
+test='clang clang-format clang-tidy binutils xvfb xauth xdotool openbox'
+
+case "${1:-}" in
+    run) packages="$build $run" ;;
+    test) packages="$build $run $test" ;;
+    *)
+        echo "usage: setup.sh run | test" >&2
+        exit 2
+        ;;
+esac
+
+missing=
+for package in $packages; do
+    case "$(dpkg-query -W -f '${Status}' "$package" 2>/dev/null)" in
+        *' installed') ;;
+        *) missing="$missing $package" ;;
+    esac
+done
+[ -n "$missing" ] || exit 0
+
+echo "installing:$missing" >&2
+export DEBIAN_FRONTEND=noninteractive
+apt-get update -qq
+# shellcheck disable=SC2086 # a list of names
+apt-get install -qq -y --no-install-recommends $missing >/dev/null
