@@ -1,0 +1,23 @@
+#include "CoreSession.h"
+
+#include <functional>
+#include <utility>
+
+using ZelCommon::IocContainar;
+using ZelCore::ICommandService;
+
+CoreSession::CoreSession(QString flowFile, std::unique_ptr<EmbeddedCore> core)
+    : m_flowFile(std::move(flowFile))
+    , m_core(std::move(core))
+{
+    ICommandService* const service = m_core.get();
+    IocContainar& container = IocContainar::Instance();
+    container.RegisterType(IocContainar::KeyOf<ICommandService>(),
+                           ZelCommon::Any(std::function<ICommandService*()>([service] { return service; })));
+    container.Build();
+}
+
+CoreSession::~CoreSession()
+{
+    IocContainar::Instance().Clear();
+}

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "EmbeddedCore/EmbeddedCore.h"
+
+#include <memory>
+
+/// A core over a flow and a store, registered with the process-wide container for as long as it lives.
+/// Panels must be gone before it goes.
+class CoreSession
+{
+public:
+    CoreSession(QString flowFile, std::unique_ptr<EmbeddedCore> core);
+    ~CoreSession();
+    Q_DISABLE_COPY(CoreSession)
+
+    const Flow& flow() const { return m_core->flow(); }
+    QString flowFile() const { return m_flowFile; }
+    QString storeFile() const { return m_core->storeFile(); }
+
+private:
+    QString m_flowFile;
+    std::unique_ptr<EmbeddedCore> m_core;
+};

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QApplication>
+#include <QPointer>
+
+class QMessageBox;
+
+/// The application object of the host. What a slot throws ends here: it is logged and shown, and the
+/// program goes on.
+class WorkbenchApplication : public QApplication
+{
+    Q_OBJECT
+
+public:
+    WorkbenchApplication(int& argc, char** argv);
+
+    bool notify(QObject* receiver, QEvent* event) override;
+
+    /// Tells why the program can't go on: in a box, or on standard error where nobody would see one.
+    static void tellError(const QString& text);
+
+private:
+    void showException(const QString& text);
+
+    // One for all: what fails may fail at every event.
+    QPointer<QMessageBox> m_box;
+};

@@ -1,0 +1,105 @@
+#include "WorkbenchOptions.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QRegularExpression>
+#include <QStandardPaths>
+
+namespace {
+
+const QString flowOption = QStringLiteral("flow");
+const QString storeOption = QStringLiteral("store");
+const QString moduleOption = QStringLiteral("module");
+const QString pluginOption = QStringLiteral("plugin");
+const QString screenshotOption = QStringLiteral("screenshot");
+const QString helpOption = QStringLiteral("help");
+const QString versionOption = QStringLiteral("version");
+
+QString tr(const char* text)
+{
+    return QCoreApplication::translate("WorkbenchOptions", text);
+}
+
+} // namespace
+
+WorkbenchOptions::WorkbenchOptions()
+{
+    m_parser.setApplicationDescription(
+        tr("Shows an inspection flow and the configuration panels of its If modules."));
+    m_parser.addOptions({
+        {flowOption, tr("Inspection flow to open, a JSON file."), tr("file")},
+        {storeOption, tr("Store of the modules' parameters, made when it is missing."), tr("file")},
+        {moduleOption, tr("Module to show first."), tr("id")},
+        {pluginOption, tr("Plug-in that makes the panels."), tr("file")},
+        {screenshotOption, tr("Write a picture of the window and end; needs no display."), tr("file.png")},
+        {helpOption, tr("Show this text.")},
+        {versionOption, tr("Show the version.")},
+    });
+}
+
+bool WorkbenchOptions::parse(const QStringList& arguments, QString* error)
+{
+    if (!m_parser.parse(arguments)) {
+        *error = m_parser.errorText();
+        return false;
+    }
+    if (!m_parser.positionalArguments().isEmpty()) {
+        *error = tr("Unexpected argument '%1'.").arg(m_parser.positionalArguments().first());
+        return false;
+    }
+    if (m_parser.isSet(moduleOption)) {
+        bool isNumber = false;
+        m_moduleId = m_parser.value(moduleOption).toUInt(&isNumber);
+        if (!isNumber) {
+            *error = tr("'%1' is no module id.").arg(m_parser.value(moduleOption));
+            return false;
+        }
+    }
+    return true;
+}
+
+bool WorkbenchOptions::asksForHelp() const
+{
+    return m_parser.isSet(helpOption);
+}
+
+bool WorkbenchOptions::asksForVersion() const
+{
+    return m_parser.isSet(versionOption);
+}
+
+QString WorkbenchOptions::screenshotFile() const
+{
+    return m_parser.value(screenshotOption);
+}
+
+QString WorkbenchOptions::flowFile() const
+{
+    return valueOr(flowOption, QStringLiteral("../share/if-workbench/nuclei.json"));
+}
+
+QString WorkbenchOptions::pluginFile() const
+{
+    return valueOr(pluginOption, QStringLiteral("../lib/libQIfModule.so"));
+}
+
+QString WorkbenchOptions::storeFile(const QString& flowName) const
+{
+    if (m_parser.isSet(storeOption)) {
+        return m_parser.value(storeOption);
+    }
+    const QDir folder(QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation));
+    folder.mkpath(QStringLiteral("."));
+    QString name = flowName;
+    name.replace(
+        QRegularExpression(QStringLiteral("[^\\w-]"), QRegularExpression::UseUnicodePropertiesOption),
+        QStringLiteral("_"));
+    return folder.filePath(name + QStringLiteral(".sqlite"));
+}
+
+QString WorkbenchOptions::valueOr(const QString& option, const QString& fromProgramFolder) const
+{
+    return m_parser.isSet(option) ? m_parser.value(option)
+                                  : QDir::cleanPath(QCoreApplication::applicationDirPath() +
+                                                    QLatin1Char('/') + fromProgramFolder);
+}
