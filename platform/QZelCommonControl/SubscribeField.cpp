@@ -4,7 +4,8 @@
 #include <QPainter>
 
 namespace {
-constexpr int textMargin = 5;
+constexpr int textMargin = 5; // px
+constexpr int textSize = 12;  // px
 const QColor textColor(61, 61, 61);
 const QColor missingColor(200, 30, 30);
 } // namespace
@@ -17,6 +18,9 @@ SubscribeField::SubscribeField(QWidget* parent)
     setFocusPolicy(Qt::NoFocus);
     setCursor(Qt::ArrowCursor);
     setContextMenuPolicy(Qt::NoContextMenu);
+    QFont font = this->font();
+    font.setPixelSize(textSize);
+    setFont(font);
 }
 
 void SubscribeField::show(const QString& text, bool isMissing)
@@ -32,8 +36,9 @@ void SubscribeField::paintEvent(QPaintEvent*)
     QPainter painter(this);
     const QRect area = rect().adjusted(textMargin, 0, -textMargin, 0);
     painter.setPen(m_isMissing ? missingColor : textColor);
+    // The end of a path tells more than its beginning.
     painter.drawText(area, Qt::AlignLeft | Qt::AlignVCenter,
-                     fontMetrics().elidedText(text(), Qt::ElideMiddle, area.width()));
+                     fontMetrics().elidedText(text(), Qt::ElideLeft, area.width()));
 }
 
 void SubscribeField::mouseReleaseEvent(QMouseEvent* event)
