@@ -5,7 +5,7 @@ set -eu
 build='g++ cmake ninja-build qtbase5-dev qtdeclarative5-dev qtquickcontrols2-5-dev'
 run='libqt5sql5-sqlite qml-module-qtquick2 qml-module-qtquick-controls2 qml-module-qtquick-templates2
      qml-module-qtquick-window2 fonts-dejavu-core fonts-wqy-microhei'
-test='clang clang-format clang-tidy binutils xvfb xauth xdotool openbox'
+test='clang-format clang-tidy binutils xvfb xauth xdotool openbox shellcheck'
 
 case "${1:-}" in
     run) packages="$build $run" ;;

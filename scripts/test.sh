@@ -1,0 +1,13 @@
+#!/bin/sh
+# Installs what is missing, builds, and runs every test: with sanitizers, and as released.
+set -eu
+
+cd "$(dirname "$0")/.."
+scripts/setup.sh test
+for preset in asan release; do
+    scripts/build.sh "$preset"
+done
+scripts/check.sh
+for preset in asan release; do
+    ctest --preset "$preset"
+done
