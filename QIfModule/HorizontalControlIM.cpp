@@ -1,5 +1,6 @@
 #include "HorizontalControlIM.h"
 
+#include "ClickOnEnter.h"
 #include "ConditionName.h"
 #include "StyleSheet.h"
 #include "SubscribeMenu.h"
@@ -95,6 +96,7 @@ void HorizontalControlIM::InitUI()
     m_btnDelete.setFixedSize(25, 30);
     // In a host's dialog Enter in a field must not delete a condition.
     m_btnDelete.setAutoDefault(false);
+    new ClickOnEnter(&m_btnDelete);
     addWidget(&m_btnDelete);
     addSpacerItem(new QSpacerItem(10, 20, QSizePolicy::Expanding, QSizePolicy::Minimum));
 

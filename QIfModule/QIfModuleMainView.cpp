@@ -1,5 +1,6 @@
 #include "QIfModuleMainView.h"
 
+#include "ClickOnEnter.h"
 #include "ConditionName.h"
 #include "ConditionRecord.h"
 #include "HorizontalControlIM.h"
@@ -83,6 +84,7 @@ void QIfModuleMainView::InitUI()
     ui->lab_condition->setFixedWidth(HorizontalControlIM::selecterWidth + gap);
     // In a host's dialog Enter in a field must not add a condition.
     ui->btn_add->setAutoDefault(false);
+    new ClickOnEnter(ui->btn_add);
 }
 
 void QIfModuleMainView::InitConnect()

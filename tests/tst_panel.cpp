@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QScrollArea>
 #include <QSignalSpy>
+#include <QToolButton>
 #include <QTranslator>
 
 using namespace ZelCore;
@@ -479,22 +480,25 @@ void tst_panel::deletingLog()
 void tst_panel::deletingInAnyState_data()
 {
     QTest::addColumn<int>("key");
-    QTest::addColumn<bool>("sliderOpen");
-    QTest::newRow("mouse") << 0 << false;
-    QTest::newRow("mouse, slider open") << 0 << true;
-    QTest::newRow("space") << int(Qt::Key_Space) << false;
-    QTest::newRow("space, slider open") << int(Qt::Key_Space) << true;
+    QTest::addColumn<QString>("open");
+    for (const char* const open : {"nothing", "slider", "menu"}) {
+        QTest::addRow("mouse, %s open", open) << 0 << open;
+        QTest::addRow("space, %s open", open) << int(Qt::Key_Space) << open;
+        QTest::addRow("enter, %s open", open) << int(Qt::Key_Enter) << open;
+    }
 }
 
 void tst_panel::deletingInAnyState()
 {
     QFETCH(int, key);
-    QFETCH(bool, sliderOpen);
+    QFETCH(QString, open);
     Fixture f;
     f.show("%int0%:1:2:a;%int1%:3:4:b;");
     QTRY_VERIFY(f.at<QLineEdit>("m_ediNote")->isVisible());
-    if (sliderOpen) {
+    if (open == QLatin1String("slider")) {
         QTest::mouseClick(f.at<QDoubleSpinBox>("m_spbMinPullBar")->findChild<QLineEdit*>(), Qt::LeftButton);
+    } else if (open == QLatin1String("menu")) {
+        f.panel->findChild<ButtonSelecterView*>()->findChild<QToolButton*>()->click();
     }
     typeInto(f.at<QLineEdit>("m_ediNote"), QStringLiteral("unsaved"));
     auto* const button = f.at<QPushButton>("m_btnDelete");
