@@ -4,50 +4,52 @@
 #include "Store.h"
 #include "SubscribeTree.h"
 
-#include <QCoreApplication>
-
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 using namespace ZelCore;
 
 namespace {
 
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("EmbeddedCore", text);
-}
-
 CommandResult failed(const QString& message)
 {
-    // Cut between characters where the record is too short for the text.
-    QByteArray bytes = message.toUtf8();
-    int length = std::min<int>(bytes.size(), sizeof(CommandResult::Message) - 1);
-    while (length > 0 && length < bytes.size() &&
-           (static_cast<unsigned char>(bytes[length]) & 0xC0) == 0x80) {
-        --length;
-    }
-    bytes.truncate(length);
-    return {Failed, bytes.constData()};
+    return {Failed, message.toUtf8().constData()};
 }
 
-// The text of a name's field. One that fills its field may have been cut on its way here.
+// The text of a command's field. One that fills its field may have been cut on its way here.
 template <std::size_t N>
-QString nameOf(const char (&field)[N])
+QString textOf(const char (&field)[N])
 {
     const auto text = TextOf(field);
-    if (text.empty()) {
-        throw CoreError(tr("the name is empty"));
-    }
     if (text.size() >= N - 1) {
-        throw CoreError(tr("the name %1 is too long: at most %2 bytes").arg(ToQString(text)).arg(N - 2));
+        throw CoreError(EmbeddedCore::tr("%1 is too long: at most %2 bytes")
+                            .arg(ToQString(text), QString::number(N - 2)));
     }
     return ToQString(text);
 }
 
+QString checkedName(const QString& name)
+{
+    if (name.isEmpty()) {
+        throw CoreError(EmbeddedCore::tr("the name is empty"));
+    }
+    return name;
+}
+
+template <std::size_t N>
+QString nameOf(const char (&field)[N])
+{
+    return checkedName(textOf(field));
+}
+
 QByteArray bytesOf(const char* data, UInt length)
 {
-    return {data, static_cast<int>(length)};
+    if (length > std::numeric_limits<int>::max() || (length > 0 && !data)) {
+        throw CoreError(EmbeddedCore::tr("the command carries no data, or too much"));
+    }
+    // Not null, for the store, even when it is empty.
+    return length == 0 ? QByteArray("") : QByteArray(data, static_cast<int>(length));
 }
 
 // Bytes as a record hands them out: followed by a NUL, which counts.
@@ -61,26 +63,31 @@ template <typename T>
 T& checkedRecord(T* record)
 {
     if (!record) {
-        throw CoreError(tr("the command carries no record"));
+        throw CoreError(EmbeddedCore::tr("the command carries no record"));
     }
     return *record;
 }
 
-template <typename Value>
-const Value& found(const std::optional<Value>& value, UInt moduleId, const QString& name)
+// A run parameter has no type of its own; the condition's name in its key tells it.
+QStringList typesOfRunParam(const QString& key)
 {
-    if (!value) {
-        throw CoreError(tr("module %1 has no parameter %2").arg(moduleId).arg(name));
+    QStringList numeric = {QStringLiteral("float"), QStringLiteral("int")};
+    for (const QString& type : std::as_const(numeric)) {
+        if (key.contains(type)) {
+            return {type};
+        }
     }
-    return *value;
+    return numeric;
 }
 
-QString checkedKey(const FilterSourceTarget& target)
+QByteArray storedValue(const Store& store, Store::Values values, UInt moduleId, const QString& name)
 {
-    if (target.Key.isEmpty()) {
-        throw CoreError(tr("the name is empty"));
+    const auto value = store.value(values, moduleId, name);
+    if (!value) {
+        throw CoreError(
+            EmbeddedCore::tr("module %1 has no parameter %2").arg(QString::number(moduleId), name));
     }
-    return target.Key;
+    return *value;
 }
 
 } // namespace
@@ -131,16 +138,16 @@ template <typename... Commands>
 CommandResult EmbeddedCore::dispatch(ICommand& command)
 {
     try {
-        std::optional<CommandStatus> status;
+        CommandStatus status = None;
         const auto attempt = [this, &status](auto* typed) {
             if (typed) {
                 status = execute(*typed);
             }
             return typed != nullptr;
         };
-        (attempt(dynamic_cast<Commands*>(&command)) || ...);
-        return status ? CommandResult(*status)
-                      : failed(tr("unknown command %1").arg(QString::fromUtf8(command.Key())));
+        const bool isKnown = (attempt(dynamic_cast<Commands*>(&command)) || ...);
+        return isKnown ? CommandResult(status)
+                       : failed(tr("unknown command %1").arg(QString::fromUtf8(command.Key())));
     } catch (const CoreError& failure) {
         return failed(failure.text());
     }
@@ -151,14 +158,18 @@ CommandStatus EmbeddedCore::execute(AddIOCommand& command)
     const UInt module = checkedModule(command.ModuleID);
     const IO_INFO__& info = checkedRecord(command.IOInfo);
     const QString name = nameOf(info.ParamName);
-    const Store::Io io = {command.IoClass, ToQString(TextOf(info.VauleType))};
+    const Store::Io io = {command.IoClass, textOf(info.VauleType)};
     if (io.ioClass != Input && io.ioClass != Output) {
         throw CoreError(tr("the IO %1 is neither an input nor an output").arg(name));
+    }
+    if (info.Num() != 0) {
+        throw CoreError(tr("the IO %1 has sub-items, which are not kept").arg(name));
     }
     if (const auto present = m_store->io(module, name)) {
         // A condition that was deleted leaves its IOs; its name may be used again.
         if (present->ioClass != io.ioClass || present->valueType != io.valueType) {
-            throw CoreError(tr("module %1 has the IO %2 with another class or type").arg(module).arg(name));
+            throw CoreError(
+                tr("module %1 has the IO %2 with another class or type").arg(QString::number(module), name));
         }
         return Success;
     }
@@ -169,7 +180,7 @@ CommandStatus EmbeddedCore::execute(AddIOCommand& command)
 CommandStatus EmbeddedCore::execute(SetRunParamCommand& command)
 {
     m_store->setValue(Store::Values::RunParameter, checkedModule(command.ModuleID), nameOf(command.ParamName),
-                      ToQString(TextOf(command.Val)));
+                      textOf(command.Val));
     return Success;
 }
 
@@ -196,7 +207,7 @@ CommandStatus EmbeddedCore::execute(DeleteUIDataCommand& command)
 
 CommandStatus EmbeddedCore::execute(SubscribeTreeQuery& command)
 {
-    const auto& condition = *command.Condition;
+    const auto& condition = checkedRecord(command.Condition);
     const UInt module = checkedModule(condition.ModuleID);
     if (!SubscribeTree::isRange(condition.ModuleRange) ||
         condition.VarTypeNum > std::size(condition.VauleTypes)) {
@@ -204,7 +215,7 @@ CommandStatus EmbeddedCore::execute(SubscribeTreeQuery& command)
     }
     QStringList types;
     for (UInt i = 0; i < condition.VarTypeNum; ++i) {
-        types << ToQString(TextOf(condition.VauleTypes[i]));
+        types << textOf(condition.VauleTypes[i]);
     }
     checkedRecord(command.Result) = SubscribeTree::build(m_flow, module, condition.ModuleRange, types);
     return Success;
@@ -212,80 +223,76 @@ CommandStatus EmbeddedCore::execute(SubscribeTreeQuery& command)
 
 CommandStatus EmbeddedCore::execute(BinaryDataQuery& command)
 {
-    const UInt module = checkedModule(command.Condition->ModuleID);
-    const QString name = nameOf(command.Condition->ParamName);
+    const auto& condition = checkedRecord(command.Condition);
     BINARY_DATA__& record = checkedRecord(command.Result);
-    give(found(m_store->value(Store::Values::BinaryData, module, name), module, name), record);
+    const UInt module = checkedModule(condition.ModuleID);
+    give(storedValue(*m_store, Store::Values::BinaryData, module, nameOf(condition.ParamName)), record);
     record.ModuleID = module;
-    FillText(record.ParamName, command.Condition->ParamName);
+    FillText(record.ParamName, condition.ParamName);
     return Success;
 }
 
 CommandStatus EmbeddedCore::execute(RunParamQuery& command)
 {
-    const UInt module = checkedModule(command.Condition->ModuleID);
-    const QString name = nameOf(command.Condition->ParamName);
+    const auto& condition = checkedRecord(command.Condition);
     KADO_MODULE_PARAM__& record = checkedRecord(command.Result);
-    FillText(record.strParamValue,
-             found(m_store->value(Store::Values::RunParameter, module, name), module, name).constData());
-    FillText(record.strParamName, command.Condition->ParamName);
+    const UInt module = checkedModule(condition.ModuleID);
+    const QByteArray value =
+        storedValue(*m_store, Store::Values::RunParameter, module, nameOf(condition.ParamName));
+    FillText(record.strParamName, condition.ParamName);
+    FillText(record.strParamValue, value.constData());
     return Success;
 }
 
 CommandStatus EmbeddedCore::execute(UIDataQuery& command)
 {
-    const UInt module = checkedModule(command.Condition->ObjectID);
-    const QString name = nameOf(command.Condition->ParamName);
+    const auto& condition = checkedRecord(command.Condition);
     UI_OBJECT_PARAM_INFO__& record = checkedRecord(command.Result);
-    give(found(m_store->value(Store::Values::UiData, module, name), module, name), record);
-    FillText(record.ParamName, command.Condition->ParamName);
+    const UInt module = checkedModule(condition.ObjectID);
+    give(storedValue(*m_store, Store::Values::UiData, module, nameOf(condition.ParamName)), record);
+    FillText(record.ParamName, condition.ParamName);
     return Success;
 }
 
 CommandStatus EmbeddedCore::execute(SetFilterSourceCommand& command)
 {
-    const UInt module = checkedModule(command.Target.ModuleID);
-    const QString key = checkedKey(command.Target);
+    const FilterSourceTarget target = checkedTarget(command.Target);
     if (command.SubscribeName.isEmpty()) {
-        m_store->removeBinding(module, command.Target.Type, key);
+        m_store->removeBinding(target);
         return Success;
     }
-    checkSource(command.Target, command.SubscribeName);
-    m_store->setBinding(module, command.Target.Type, key, command.SubscribeName);
+    const QString refused = refusal(target, command.SubscribeName);
+    if (!refused.isEmpty()) {
+        throw CoreError(refused);
+    }
+    m_store->setBinding(target, command.SubscribeName);
     return Success;
 }
 
 CommandStatus EmbeddedCore::execute(GetFilterSourceCommand& command)
 {
-    const auto source = m_store->binding(checkedModule(command.Target.ModuleID), command.Target.Type,
-                                         checkedKey(command.Target));
+    const FilterSourceTarget target = checkedTarget(command.Target);
+    const auto source = m_store->binding(target);
     if (!source) {
         return NothingChanged;
     }
+    command.SourceIsMissing = !refusal(target, *source).isEmpty();
     command.SubscribeName = *source;
-    try {
-        checkSource(command.Target, *source);
-        command.SourceIsMissing = false;
-    } catch (const CoreError&) {
-        command.SourceIsMissing = true;
-    }
     return Success;
 }
 
 CommandStatus EmbeddedCore::execute(DelFilterSourceCommand& command)
 {
-    QString key = checkedKey(command.Target);
-    if (command.Target.Type == SUBSCRIBE_TYPE_IO) {
+    FilterSourceTarget target = checkedTarget(command.Target);
+    if (target.Type == SUBSCRIBE_TYPE_IO) {
         for (const QLatin1String suffix : {QLatin1String(":input"), QLatin1String(":output")}) {
-            if (key.endsWith(suffix)) {
-                key.chop(suffix.size());
+            if (target.Key.endsWith(suffix)) {
+                target.Key.chop(suffix.size());
                 break;
             }
         }
     }
-    return m_store->removeBinding(checkedModule(command.Target.ModuleID), command.Target.Type, key)
-               ? Success
-               : NothingChanged;
+    return m_store->removeBinding(target) ? Success : NothingChanged;
 }
 
 UInt EmbeddedCore::checkedModule(UInt id) const
@@ -296,38 +303,38 @@ UInt EmbeddedCore::checkedModule(UInt id) const
     return id;
 }
 
-void EmbeddedCore::checkSource(const FilterSourceTarget& target, const QString& subscribeName) const
+FilterSourceTarget EmbeddedCore::checkedTarget(const FilterSourceTarget& target) const
 {
-    const QStringList types = acceptedTypes(target);
-    UInt sourceModule = 0;
-    const FlowOutput* const source = m_flow.output(subscribeName, &sourceModule);
-    if (!source) {
-        throw CoreError(tr("the flow has no value %1").arg(subscribeName));
+    if (target.Type != SUBSCRIBE_TYPE_IO && target.Type != SUBSCRIBE_TYPE_RUNPARAM) {
+        throw CoreError(tr("%1 is neither an IO nor a run parameter").arg(target.Key));
     }
-    if (!m_flow.isBefore(sourceModule, target.ModuleID)) {
-        throw CoreError(tr("%1 does not come before module %2").arg(subscribeName).arg(target.ModuleID));
-    }
-    if (!types.isEmpty() && !types.contains(source->type)) {
-        throw CoreError(
-            tr("%1 has type %2, not %3").arg(subscribeName, source->type, types.join(QStringLiteral(", "))));
-    }
+    return {checkedModule(target.ModuleID), target.Type, checkedName(target.Key)};
 }
 
-QStringList EmbeddedCore::acceptedTypes(const FilterSourceTarget& target) const
+QString EmbeddedCore::refusal(const FilterSourceTarget& target, const QString& subscribeName) const
 {
+    QStringList types;
     if (target.Type == SUBSCRIBE_TYPE_IO) {
         const auto io = m_store->io(target.ModuleID, target.Key);
         if (!io || io->ioClass != Input) {
-            throw CoreError(tr("module %1 has no input %2").arg(target.ModuleID).arg(target.Key));
+            return tr("module %1 has no input %2").arg(QString::number(target.ModuleID), target.Key);
         }
-        return io->valueType.isEmpty() ? QStringList() : QStringList(io->valueType);
+        types = io->valueType.isEmpty() ? QStringList() : QStringList(io->valueType);
+    } else {
+        types = typesOfRunParam(target.Key);
     }
-    // A run parameter has no type of its own; the condition's name in its key tells it.
-    const QStringList numeric = {QStringLiteral("float"), QStringLiteral("int")};
-    for (const QString& type : numeric) {
-        if (target.Key.contains(type)) {
-            return {type};
-        }
+
+    UInt sourceModule = 0;
+    const FlowOutput* const source = m_flow.output(subscribeName, &sourceModule);
+    if (!source) {
+        return tr("the flow has no value %1").arg(subscribeName);
     }
-    return numeric;
+    if (!m_flow.isBefore(sourceModule, target.ModuleID)) {
+        return tr("%1 does not come before module %2").arg(subscribeName, QString::number(target.ModuleID));
+    }
+    if (!types.isEmpty() && !types.contains(source->type)) {
+        return tr("%1 has type %2, not %3")
+            .arg(subscribeName, source->type, types.join(QStringLiteral(", ")));
+    }
+    return {};
 }

@@ -4,6 +4,8 @@
 #include "ZelCommon/FilterSourceCommands.h"
 #include "core_client/core_client.h"
 
+#include <QCoreApplication>
+
 #include <memory>
 
 class Store;
@@ -13,6 +15,8 @@ class Store;
 /// message; nothing is half done then.
 class EmbeddedCore : public ZelCore::ICommandService
 {
+    Q_DECLARE_TR_FUNCTIONS(EmbeddedCore)
+
 public:
     /// Null, and a sentence in error that names the file, when the store can't be opened.
     static std::unique_ptr<EmbeddedCore> open(Flow flow, const QString& storeFile, QString* error);
@@ -52,12 +56,11 @@ private:
     ZelCore::CommandStatus execute(ZelCore::GetFilterSourceCommand& command);
     ZelCore::CommandStatus execute(ZelCore::DelFilterSourceCommand& command);
 
-    /// The id, once it is known to be of the flow; throws CoreError otherwise.
+    /// The id, or the target, once it is known to be sound; throw CoreError otherwise.
     ZelCore::UInt checkedModule(ZelCore::UInt id) const;
-    /// Throws CoreError, saying why, when the source can't feed the target.
-    void checkSource(const ZelCore::FilterSourceTarget& target, const QString& subscribeName) const;
-    /// The value types that a target takes; empty for any.
-    QStringList acceptedTypes(const ZelCore::FilterSourceTarget& target) const;
+    ZelCore::FilterSourceTarget checkedTarget(const ZelCore::FilterSourceTarget& target) const;
+    /// Why the source can't feed the target, empty when it can.
+    QString refusal(const ZelCore::FilterSourceTarget& target, const QString& subscribeName) const;
 
     Flow m_flow;
     std::unique_ptr<Store> m_store;

@@ -2,7 +2,6 @@
 
 #include "CoreError.h"
 
-#include <QCoreApplication>
 #include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -20,9 +19,45 @@ constexpr int longestName = 127;
 constexpr int longestSubscribeName = 255;
 constexpr int deepestNesting = 64;
 
-QString tr(const char* text)
+// The readers below throw CoreError with the place of what they did not expect.
+
+[[noreturn]] void expect(const QString& place, const QString& what)
 {
-    return QCoreApplication::translate("Flow", text);
+    throw CoreError(Flow::tr("%1: expected %2").arg(place, what));
+}
+
+QJsonObject objectOf(const QJsonValue& value, const QString& place)
+{
+    if (!value.isObject()) {
+        expect(place, Flow::tr("an object"));
+    }
+    return value.toObject();
+}
+
+QJsonArray arrayOf(const QJsonValue& value, const QString& place)
+{
+    if (!value.isArray()) {
+        expect(place, Flow::tr("a list"));
+    }
+    return value.toArray();
+}
+
+QString textOf(const QJsonValue& value, const QString& place)
+{
+    if (value.toString().isEmpty()) {
+        expect(place, Flow::tr("a text that is not empty"));
+    }
+    return value.toString();
+}
+
+QString nameOf(const QJsonObject& object, const QString& ownerPlace)
+{
+    const QString place = ownerPlace + QStringLiteral(".name");
+    QString name = textOf(object.value(QStringLiteral("name")), place);
+    if (name.toUtf8().size() > longestName) {
+        expect(place, Flow::tr("at most %1 bytes of UTF-8").arg(longestName));
+    }
+    return name;
 }
 
 bool isValueOf(const QString& type, const QJsonValue& value)
@@ -37,138 +72,105 @@ bool isValueOf(const QString& type, const QJsonValue& value)
         return value.isDouble();
     }
     const double number = value.toDouble();
-    return value.isDouble() && number == std::trunc(number) &&
-           std::abs(number) <= std::numeric_limits<int>::max();
+    return value.isDouble() && number == std::trunc(number) && number >= std::numeric_limits<int>::min() &&
+           number <= std::numeric_limits<int>::max();
 }
 
-/// Walks the JSON of a flow; what it does not expect it throws, with the place.
-class Reader
+// Type and sample of an output that is no group.
+void readValue(FlowOutput& output, const QJsonObject& object, const QString& place)
 {
-public:
-    QVector<FlowModule> modules(const QJsonValue& value) const
-    {
-        QVector<FlowModule> result;
-        QSet<ZelCore::UInt> ids;
-        const QJsonArray array = arrayOf(value, QStringLiteral("modules"));
-        for (int i = 0; i < array.size(); ++i) {
-            const QString place = QStringLiteral("modules[%1]").arg(i);
-            const QJsonObject object = objectOf(array[i], place);
-            FlowModule module;
-            module.id = idOf(object.value(QStringLiteral("id")), place + QStringLiteral(".id"));
-            if (ids.contains(module.id)) {
-                expect(place + QStringLiteral(".id"), tr("an id that no other module has"));
-            }
-            ids.insert(module.id);
-            module.name = nameOf(object, place);
-            module.kind = textOf(object.value(QStringLiteral("kind")), place + QStringLiteral(".kind"));
-            if (object.contains(QStringLiteral("outputs"))) {
-                module.outputs = outputs(object, place, module.id, {});
-            }
-            result << module;
+    output.type = object.value(QStringLiteral("type")).toString();
+    if (!QStringList{"int", "float", "string", "bool"}.contains(output.type)) {
+        expect(place + QStringLiteral(".type"),
+               Flow::tr(R"("int", "float", "string" or "bool", or outputs)"));
+    }
+    if (object.contains(QStringLiteral("value"))) {
+        output.value = object.value(QStringLiteral("value"));
+        if (!isValueOf(output.type, output.value)) {
+            expect(place + QStringLiteral(".value"), Flow::tr("a value of type \"%1\"").arg(output.type));
         }
-        return result;
     }
-
-    static QJsonObject objectOf(const QJsonValue& value, const QString& place)
-    {
-        return value.isObject() ? value.toObject() : (expect(place, tr("an object")), QJsonObject());
+    if (output.subscribeName.toUtf8().size() > longestSubscribeName) {
+        expect(place,
+               Flow::tr("names that together stay within %1 bytes of UTF-8").arg(longestSubscribeName));
     }
+}
 
-    static QString textOf(const QJsonValue& value, const QString& place)
-    {
-        if (value.toString().isEmpty()) {
-            expect(place, tr("a text that is not empty"));
+// The outputs of an object that may have some; path is the subscribe text that leads to it.
+QVector<FlowOutput> outputsOf(const QJsonObject& owner, const QString& ownerPlace, const QString& path,
+                              int level = 1)
+{
+    const QString place = ownerPlace + QStringLiteral(".outputs");
+    if (level > deepestNesting) {
+        expect(place, Flow::tr("at most %1 levels of outputs").arg(deepestNesting));
+    }
+    QVector<FlowOutput> outputs;
+    QSet<QString> names;
+    const QJsonArray array = arrayOf(owner.value(QStringLiteral("outputs")), place);
+    for (int i = 0; i < array.size(); ++i) {
+        const QString itemPlace = QStringLiteral("%1[%2]").arg(place).arg(i);
+        const QJsonObject object = objectOf(array[i], itemPlace);
+        FlowOutput output;
+        output.name = nameOf(object, itemPlace);
+        if (output.name.contains(QLatin1Char('.')) || names.contains(output.name)) {
+            expect(itemPlace + QStringLiteral(".name"),
+                   Flow::tr("a name without \".\" that no output beside it has"));
         }
-        return value.toString();
-    }
-
-private:
-    [[noreturn]] static void expect(const QString& place, const QString& what)
-    {
-        throw CoreError(tr("%1: expected %2").arg(place, what));
-    }
-
-    static QJsonArray arrayOf(const QJsonValue& value, const QString& place)
-    {
-        return value.isArray() ? value.toArray() : (expect(place, tr("a list")), QJsonArray());
-    }
-
-    static ZelCore::UInt idOf(const QJsonValue& value, const QString& place)
-    {
-        if (!isValueOf(QStringLiteral("int"), value) || value.toInt() < 1) {
-            expect(place, tr("a whole number from 1 to 2147483647"));
-        }
-        return static_cast<ZelCore::UInt>(value.toInt());
-    }
-
-    static QString nameOf(const QJsonObject& object, const QString& place)
-    {
-        const QString key = place + QStringLiteral(".name");
-        const QString name = textOf(object.value(QStringLiteral("name")), key);
-        if (name.toUtf8().size() > longestName) {
-            expect(key, tr("at most %1 bytes of UTF-8").arg(longestName));
-        }
-        return name;
-    }
-
-    QVector<FlowOutput> outputs(const QJsonObject& owner, const QString& ownerPlace, ZelCore::UInt moduleId,
-                                const QStringList& path) const
-    {
-        const QString place = ownerPlace + QStringLiteral(".outputs");
-        if (path.size() >= deepestNesting) {
-            expect(place, tr("at most %1 levels of outputs").arg(deepestNesting));
-        }
-        QVector<FlowOutput> result;
-        QSet<QString> names;
-        const QJsonArray array = arrayOf(owner.value(QStringLiteral("outputs")), place);
-        for (int i = 0; i < array.size(); ++i) {
-            const QString itemPlace = QStringLiteral("%1[%2]").arg(place).arg(i);
-            const FlowOutput item = output(objectOf(array[i], itemPlace), itemPlace, moduleId, path);
-            if (names.contains(item.name)) {
-                expect(itemPlace + QStringLiteral(".name"), tr("a name that no output beside it has"));
-            }
-            names.insert(item.name);
-            result << item;
-        }
-        return result;
-    }
-
-    FlowOutput output(const QJsonObject& object, const QString& place, ZelCore::UInt moduleId,
-                      QStringList path) const
-    {
-        FlowOutput item;
-        item.name = nameOf(object, place);
-        if (item.name.contains(QLatin1Char('.'))) {
-            expect(place + QStringLiteral(".name"), tr("a name without \".\""));
-        }
-        path << item.name;
+        names.insert(output.name);
+        const QString outputPath = path + QLatin1Char('.') + output.name;
         if (object.contains(QStringLiteral("outputs"))) {
-            item.children = outputs(object, place, moduleId, path);
-            return item;
+            output.children = outputsOf(object, itemPlace, outputPath, level + 1);
+        } else {
+            output.subscribeName = outputPath;
+            readValue(output, object, itemPlace);
         }
-        item.type = object.value(QStringLiteral("type")).toString();
-        if (!QStringList{"int", "float", "string", "bool"}.contains(item.type)) {
-            expect(place + QStringLiteral(".type"),
-                   tr("\"int\", \"float\", \"string\" or \"bool\", or outputs"));
-        }
-        item.value = object.value(QStringLiteral("value"));
-        if (item.value.isUndefined()) {
-            item.value = QJsonValue::Null;
-        } else if (!isValueOf(item.type, item.value)) {
-            expect(place + QStringLiteral(".value"), tr("a value of type \"%1\"").arg(item.type));
-        }
-        if (Flow::subscribeName(moduleId, path).toUtf8().size() > longestSubscribeName) {
-            expect(place, tr("names that together stay within %1 bytes of UTF-8").arg(longestSubscribeName));
-        }
-        return item;
+        outputs << output;
     }
-};
+    return outputs;
+}
+
+QVector<FlowModule> modulesOf(const QJsonValue& value)
+{
+    QVector<FlowModule> modules;
+    QSet<ZelCore::UInt> ids;
+    const QJsonArray array = arrayOf(value, QStringLiteral("modules"));
+    for (int i = 0; i < array.size(); ++i) {
+        const QString place = QStringLiteral("modules[%1]").arg(i);
+        const QJsonObject object = objectOf(array[i], place);
+        const QJsonValue id = object.value(QStringLiteral("id"));
+        FlowModule module;
+        module.id = static_cast<ZelCore::UInt>(id.toInt());
+        if (!isValueOf(QStringLiteral("int"), id) || id.toInt() < 1 || ids.contains(module.id)) {
+            expect(place + QStringLiteral(".id"),
+                   Flow::tr("a whole number from 1 to 2147483647 that no other module has"));
+        }
+        ids.insert(module.id);
+        module.name = nameOf(object, place);
+        module.kind = textOf(object.value(QStringLiteral("kind")), place + QStringLiteral(".kind"));
+        if (object.contains(QStringLiteral("outputs"))) {
+            module.outputs = outputsOf(object, place, QString::number(module.id));
+        }
+        modules << module;
+    }
+    return modules;
+}
 
 // Line and column, from 1, of a byte of a text.
 QString placeOf(const QByteArray& bytes, int offset)
 {
     const QByteArray before = bytes.left(offset);
-    return tr("line %1, column %2").arg(before.count('\n') + 1).arg(offset - before.lastIndexOf('\n'));
+    return Flow::tr("line %1, column %2").arg(before.count('\n') + 1).arg(offset - before.lastIndexOf('\n'));
+}
+
+QJsonValue parsed(const QByteArray& bytes)
+{
+    QJsonParseError error;
+    const QJsonDocument document = QJsonDocument::fromJson(bytes, &error);
+    if (error.error != QJsonParseError::NoError) {
+        // The parser mostly stops one byte behind what it did not expect.
+        expect(placeOf(bytes, std::max(error.offset - 1, 0)), Flow::tr("JSON (%1)").arg(error.errorString()));
+    }
+    return document.isObject() ? QJsonValue(document.object()) : QJsonValue(document.array());
 }
 
 } // namespace
@@ -180,19 +182,10 @@ std::optional<Flow> Flow::load(const QString& file, QString* error)
         if (!source.open(QIODevice::ReadOnly)) {
             throw CoreError(source.errorString());
         }
-        const QByteArray bytes = source.readAll();
-        QJsonParseError parseError;
-        const QJsonDocument document = QJsonDocument::fromJson(bytes, &parseError);
-        if (parseError.error != QJsonParseError::NoError) {
-            throw CoreError(tr("%1: expected JSON (%2)")
-                                .arg(placeOf(bytes, parseError.offset), parseError.errorString()));
-        }
-        const QJsonObject root = Reader::objectOf(document.isObject() ? QJsonValue(document.object())
-                                                                      : QJsonValue(document.array()),
-                                                  tr("the whole file"));
+        const QJsonObject root = objectOf(parsed(source.readAll()), tr("the whole file"));
         Flow flow;
-        flow.m_name = Reader::textOf(root.value(QStringLiteral("name")), QStringLiteral("name"));
-        flow.m_modules = Reader().modules(root.value(QStringLiteral("modules")));
+        flow.m_name = textOf(root.value(QStringLiteral("name")), QStringLiteral("name"));
+        flow.m_modules = modulesOf(root.value(QStringLiteral("modules")));
         return flow;
     } catch (const CoreError& failure) {
         *error = tr("%1: %2").arg(file, failure.text());
@@ -212,17 +205,11 @@ bool Flow::isBefore(ZelCore::UInt first, ZelCore::UInt second) const
     return module(first) < module(second);
 }
 
-QString Flow::subscribeName(ZelCore::UInt moduleId, const QStringList& path)
-{
-    return QString::number(moduleId) + QLatin1Char('.') + path.join(QLatin1Char('.'));
-}
-
 const FlowOutput* Flow::output(const QString& subscribeName, ZelCore::UInt* moduleId) const
 {
     const QStringList path = subscribeName.split(QLatin1Char('.'));
-    bool isNumber = false;
-    *moduleId = path.first().toUInt(&isNumber);
-    const FlowModule* const owner = isNumber ? module(*moduleId) : nullptr;
+    *moduleId = path.first().toUInt();
+    const FlowModule* const owner = module(*moduleId);
     const QVector<FlowOutput>* outputs = owner ? &owner->outputs : nullptr;
     const FlowOutput* found = nullptr;
     for (int i = 1; i < path.size() && outputs; ++i) {
@@ -231,5 +218,5 @@ const FlowOutput* Flow::output(const QString& subscribeName, ZelCore::UInt* modu
         found = it == outputs->cend() ? nullptr : &*it;
         outputs = found ? &found->children : nullptr;
     }
-    return found && !found->isGroup() ? found : nullptr;
+    return found && found->subscribeName == subscribeName ? found : nullptr;
 }

@@ -2,9 +2,9 @@
 
 #include "core_client/Enumerations.h"
 
+#include <QCoreApplication>
 #include <QJsonValue>
 #include <QString>
-#include <QStringList>
 #include <QVector>
 
 #include <optional>
@@ -15,6 +15,8 @@ struct FlowOutput
     QString name;
     /// "int", "float", "string" or "bool"; empty for a group.
     QString type;
+    /// The text by which the value is subscribed, "5.Mean.Radius"; empty for a group.
+    QString subscribeName;
     /// A sample of the value; null when the flow gives none.
     QJsonValue value;
     QVector<FlowOutput> children;
@@ -34,6 +36,8 @@ struct FlowModule
 /// An inspection flow: its modules in the order in which they run. Read from a JSON file, then fixed.
 class Flow
 {
+    Q_DECLARE_TR_FUNCTIONS(Flow)
+
 public:
     /// Nothing, and a sentence in error that names file, place and what was expected, when the file can't
     /// be read or is no flow.
@@ -50,10 +54,7 @@ public:
     /// Whether one module runs before another; both must be of the flow.
     bool isBefore(ZelCore::UInt first, ZelCore::UInt second) const;
 
-    /// The text by which an output is subscribed: "5.Mean.Radius".
-    static QString subscribeName(ZelCore::UInt moduleId, const QStringList& path);
-    /// The value behind such a text, null when there is none or it is a group; its module's id in
-    /// moduleId.
+    /// The value with this subscribe text, null when there is none; its module's id in moduleId.
     const FlowOutput* output(const QString& subscribeName, ZelCore::UInt* moduleId) const;
 
 private:

@@ -2,12 +2,14 @@
 
 #include "CoreError.h"
 
-#include <QCoreApplication>
-#include <QDir>
 #include <QFileInfo>
 #include <QSqlError>
 #include <QSqlQuery>
 #include <QUuid>
+
+#include <sys/file.h>
+
+#include <utility>
 
 using namespace ZelCore;
 
@@ -17,10 +19,19 @@ constexpr int schemaVersion = 1;
 // Marks the file as ours; "QIfM" in ASCII.
 constexpr int applicationId = 0x5149664d;
 
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("Store", text);
-}
+constexpr std::pair<const char*, bool IO_EXTRA_DATA__::*> ioFlags[] = {
+    {"can_subscribe", &IO_EXTRA_DATA__::CanSubscribe},
+    {"is_prefer", &IO_EXTRA_DATA__::IsPrefer},
+    {"visible", &IO_EXTRA_DATA__::Visible},
+    {"visible_in_result_tree", &IO_EXTRA_DATA__::VisibleInResultTree},
+    {"is_private", &IO_EXTRA_DATA__::IsPrivate},
+    {"custom_visible", &IO_EXTRA_DATA__::CustomVisible},
+    {"is_force", &IO_EXTRA_DATA__::IsForce},
+    {"is_return_relate_value", &IO_EXTRA_DATA__::IsReturnRelateValue},
+    {"allow_auto_subscribe", &IO_EXTRA_DATA__::AllowAutoSubscribe},
+    {"allow_auto_subscribe_by_other", &IO_EXTRA_DATA__::AllowAutoSubscribeByOther},
+    {"is_result_show", &IO_EXTRA_DATA__::IsResultShow},
+};
 
 QString tableOf(Store::Values values)
 {
@@ -40,28 +51,29 @@ QString wordOf(IOClass ioClass)
     return ioClass == Input ? QStringLiteral("input") : QStringLiteral("output");
 }
 
-QString wordOf(ENUM_IO_SUBSCRIBE_TYPE_ type)
+QVariantList keyOf(const FilterSourceTarget& target)
 {
-    return type == SUBSCRIBE_TYPE_IO ? QStringLiteral("io") : QStringLiteral("run_parameter");
+    const bool isIo = target.Type == SUBSCRIBE_TYPE_IO;
+    return {target.ModuleID, isIo ? QStringLiteral("io") : QStringLiteral("run_parameter"), target.Key};
 }
 
 } // namespace
 
-Store::Store(const QString& file, const Flow& flow)
+Store::Store(const QString& file)
     : m_file(file)
     , m_lock(file + QStringLiteral(".lock"))
     , m_connectionName(QStringLiteral("store-") + QUuid::createUuid().toString(QUuid::WithoutBraces))
+{}
+
+// Delegates, so that the destructor closes the file when the rest fails.
+Store::Store(const QString& file, const Flow& flow)
+    : Store(file)
 {
-    try {
-        open();
-        checkContent();
-        registerModules(flow);
-    } catch (...) {
-        m_database.close();
-        m_database = QSqlDatabase();
-        QSqlDatabase::removeDatabase(m_connectionName);
-        throw;
-    }
+    open();
+    run(QStringLiteral("BEGIN IMMEDIATE"));
+    checkContent();
+    registerModules(flow);
+    run(QStringLiteral("COMMIT"));
 }
 
 Store::~Store()
@@ -74,23 +86,17 @@ Store::~Store()
 void Store::open()
 {
     const QFileInfo info(m_file);
-    if (!info.dir().exists()) {
-        throw CoreError(tr("the folder of the store %1 does not exist").arg(m_file));
-    }
     if (info.exists() && !info.isFile()) {
         throw CoreError(tr("the store %1 is not a file").arg(m_file));
     }
     // The panel writes its whole list at each edit: two programs on one store would undo each other.
-    m_lock.setStaleLockTime(0);
-    if (!m_lock.tryLock(0)) {
-        qint64 processId = 0;
-        QString host;
-        QString program;
-        if (m_lock.getLockInfo(&processId, &host, &program)) {
-            throw CoreError(
-                tr("the store %1 is in use by %2 (process %3)").arg(m_file, program).arg(processId));
-        }
-        throw CoreError(tr("the store %1 can't be locked: its folder is not writable").arg(m_file));
+    // The system frees this lock with the process; the file stays, it means nothing by itself.
+    if (!m_lock.open(QIODevice::ReadWrite)) {
+        throw CoreError(tr("the folder of the store %1, or its lock file there, can't be written: %2")
+                            .arg(m_file, m_lock.errorString()));
+    }
+    if (::flock(m_lock.handle(), LOCK_EX | LOCK_NB) != 0) {
+        throw CoreError(tr("the store %1 is in use by another program").arg(m_file));
     }
 
     m_database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_connectionName);
@@ -106,62 +112,54 @@ void Store::open()
 
 void Store::checkContent()
 {
-    const int version = pragma(QStringLiteral("user_version")).toInt();
-    const int owner = pragma(QStringLiteral("application_id")).toInt();
-    const bool isNew = version == 0 && owner == 0 && pragma(QStringLiteral("schema_version")).toInt() == 0;
-    if (!isNew && owner != applicationId) {
+    if (pragma(QStringLiteral("schema_version")).toInt() == 0) {
+        createTables();
+        return;
+    }
+    if (pragma(QStringLiteral("application_id")).toInt() != applicationId) {
         throw CoreError(tr("%1 is a database, but no store of an inspection flow").arg(m_file));
     }
+    const int version = pragma(QStringLiteral("user_version")).toInt();
     if (version > schemaVersion) {
         throw CoreError(tr("the store %1 has version %2; this program reads up to %3")
-                            .arg(m_file)
-                            .arg(version)
-                            .arg(schemaVersion));
+                            .arg(m_file, QString::number(version), QString::number(schemaVersion)));
     }
     const QString health = pragma(QStringLiteral("quick_check(1)")).toString();
     if (health != QLatin1String("ok")) {
-        throw CoreError(tr("the store %1 is damaged: %2").arg(m_file, health));
-    }
-    if (isNew) {
-        createTables();
+        throw CoreError(tr("the store %1 is damaged: %2").arg(m_file, health.simplified()));
     }
 }
 
 void Store::createTables()
 {
     const QString module = QStringLiteral("module_id INTEGER NOT NULL REFERENCES module(id)");
-    run(QStringLiteral("BEGIN IMMEDIATE"));
     run(QStringLiteral(
         "CREATE TABLE module (id INTEGER PRIMARY KEY, name TEXT NOT NULL, kind TEXT NOT NULL)"));
-    for (const auto& [table, type] :
-         {std::pair("binary_parameter", "BLOB"), {"run_parameter", "TEXT"}, {"ui_data", "BLOB"}}) {
+    for (const auto& [values, type] :
+         {std::pair(Values::BinaryData, "BLOB"), {Values::RunParameter, "TEXT"}, {Values::UiData, "BLOB"}}) {
         run(QStringLiteral("CREATE TABLE %1 (%2, name TEXT NOT NULL, value %3 NOT NULL, "
                            "PRIMARY KEY (module_id, name)) WITHOUT ROWID")
-                .arg(QLatin1String(table), module, QLatin1String(type)));
+                .arg(tableOf(values), module, QLatin1String(type)));
     }
-    run(QStringLiteral(
-            "CREATE TABLE module_io (%1, name TEXT NOT NULL, "
-            "io_class TEXT NOT NULL CHECK (io_class IN ('input', 'output')), value_type TEXT NOT NULL, "
-            "can_subscribe INTEGER NOT NULL, is_prefer INTEGER NOT NULL, visible INTEGER NOT NULL, "
-            "visible_in_result_tree INTEGER NOT NULL, is_private INTEGER NOT NULL, "
-            "custom_visible INTEGER NOT NULL, is_force INTEGER NOT NULL, "
-            "is_return_relate_value INTEGER NOT NULL, allow_auto_subscribe INTEGER NOT NULL, "
-            "allow_auto_subscribe_by_other INTEGER NOT NULL, is_result_show INTEGER NOT NULL, "
-            "PRIMARY KEY (module_id, name)) WITHOUT ROWID")
-            .arg(module));
-    run(QStringLiteral("CREATE TABLE binding (%1, target_kind TEXT NOT NULL CHECK (target_kind IN ('io', "
-                       "'run_parameter')), "
+    QString flags;
+    for (const auto& [column, flag] : ioFlags) {
+        flags += QLatin1String(column) + QStringLiteral(" INTEGER NOT NULL, ");
+    }
+    run(QStringLiteral("CREATE TABLE module_io (%1, name TEXT NOT NULL, "
+                       "io_class TEXT NOT NULL CHECK (io_class IN ('input', 'output')), "
+                       "value_type TEXT NOT NULL, %2PRIMARY KEY (module_id, name)) WITHOUT ROWID")
+            .arg(module, flags));
+    run(QStringLiteral("CREATE TABLE binding (%1, "
+                       "target_kind TEXT NOT NULL CHECK (target_kind IN ('io', 'run_parameter')), "
                        "target_key TEXT NOT NULL, source TEXT NOT NULL, "
                        "PRIMARY KEY (module_id, target_kind, target_key)) WITHOUT ROWID")
             .arg(module));
     run(QStringLiteral("PRAGMA application_id = %1").arg(applicationId));
     run(QStringLiteral("PRAGMA user_version = %1").arg(schemaVersion));
-    run(QStringLiteral("COMMIT"));
 }
 
 void Store::registerModules(const Flow& flow)
 {
-    run(QStringLiteral("BEGIN IMMEDIATE"));
     for (const FlowModule& module : flow.modules()) {
         run(QStringLiteral("INSERT INTO module (id, name, kind) VALUES (?, ?, ?) "
                            "ON CONFLICT (id) DO UPDATE SET name = excluded.name, kind = excluded.kind"),
@@ -173,7 +171,6 @@ void Store::registerModules(const Flow& flow)
                 {module.id});
         }
     }
-    run(QStringLiteral("COMMIT"));
 }
 
 void Store::setValue(Values values, UInt moduleId, const QString& name, const QVariant& value)
@@ -201,11 +198,15 @@ bool Store::removeValue(Values values, UInt moduleId, const QString& name)
 
 void Store::addIo(UInt moduleId, const QString& name, const Io& io, const IO_EXTRA_DATA__& flags)
 {
-    run(QStringLiteral("INSERT INTO module_io VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"),
-        {moduleId, name, wordOf(io.ioClass), io.valueType, int(flags.CanSubscribe), int(flags.IsPrefer),
-         int(flags.Visible), int(flags.VisibleInResultTree), int(flags.IsPrivate), int(flags.CustomVisible),
-         int(flags.IsForce), int(flags.IsReturnRelateValue), int(flags.AllowAutoSubscribe),
-         int(flags.AllowAutoSubscribeByOther), int(flags.IsResultShow)});
+    QString columns = QStringLiteral("module_id, name, io_class, value_type");
+    QString marks = QStringLiteral("?, ?, ?, ?");
+    QVariantList values = {moduleId, name, wordOf(io.ioClass), io.valueType};
+    for (const auto& [column, flag] : ioFlags) {
+        columns += QStringLiteral(", ") + QLatin1String(column);
+        marks += QStringLiteral(", ?");
+        values << int(flags.*flag);
+    }
+    run(QStringLiteral("INSERT INTO module_io (%1) VALUES (%2)").arg(columns, marks), values);
 }
 
 std::optional<Store::Io> Store::io(UInt moduleId, const QString& name) const
@@ -219,28 +220,28 @@ std::optional<Store::Io> Store::io(UInt moduleId, const QString& name) const
     return Io{query.value(0).toString() == wordOf(Input) ? Input : Output, query.value(1).toString()};
 }
 
-void Store::setBinding(UInt moduleId, ENUM_IO_SUBSCRIBE_TYPE_ type, const QString& key, const QString& source)
+void Store::setBinding(const FilterSourceTarget& target, const QString& source)
 {
     run(QStringLiteral(
             "INSERT INTO binding (module_id, target_kind, target_key, source) VALUES (?, ?, ?, ?) "
             "ON CONFLICT (module_id, target_kind, target_key) DO UPDATE SET source = excluded.source"),
-        {moduleId, wordOf(type), key, source});
+        keyOf(target) << source);
 }
 
-std::optional<QString> Store::binding(UInt moduleId, ENUM_IO_SUBSCRIBE_TYPE_ type, const QString& key) const
+std::optional<QString> Store::binding(const FilterSourceTarget& target) const
 {
     QSqlQuery query =
         run(QStringLiteral(
                 "SELECT source FROM binding WHERE module_id = ? AND target_kind = ? AND target_key = ?"),
-            {moduleId, wordOf(type), key});
+            keyOf(target));
     return query.next() ? std::optional(query.value(0).toString()) : std::nullopt;
 }
 
-bool Store::removeBinding(UInt moduleId, ENUM_IO_SUBSCRIBE_TYPE_ type, const QString& key)
+bool Store::removeBinding(const FilterSourceTarget& target)
 {
     return run(QStringLiteral(
                    "DELETE FROM binding WHERE module_id = ? AND target_kind = ? AND target_key = ?"),
-               {moduleId, wordOf(type), key})
+               keyOf(target))
                .numRowsAffected() > 0;
 }
 

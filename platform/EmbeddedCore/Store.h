@@ -1,23 +1,27 @@
 #pragma once
 
 #include "Flow.h"
+#include "ZelCommon/FilterSourceCommands.h"
 #include "core_client/Records.h"
 
-#include <QLockFile>
+#include <QCoreApplication>
+#include <QFile>
 #include <QSqlDatabase>
 #include <QVariantList>
 
-#include <memory>
 #include <optional>
 
 class QSqlQuery;
 
 /// The durable store of the core: one SQLite file, one transaction a change, on disk when the change
-/// returns. A file belongs to one store at a time; other programs may read it meanwhile.
+/// returns. The file belongs to one store at a time, which holds the lock file beside it and lets go of
+/// it even when its process is killed; other programs may read the store meanwhile.
 ///
 /// Every operation throws CoreError when the file can't be read or written; the file is then as before.
 class Store
 {
+    Q_DECLARE_TR_FUNCTIONS(Store)
+
 public:
     /// What a module has by name.
     enum class Values { BinaryData, RunParameter, UiData };
@@ -35,6 +39,7 @@ public:
 
     QString file() const { return m_file; }
 
+    /// The value must not be null: an empty one is a QString or QByteArray of its own.
     void setValue(Values values, ZelCore::UInt moduleId, const QString& name, const QVariant& value);
     std::optional<QByteArray> value(Values values, ZelCore::UInt moduleId, const QString& name) const;
     /// Whether there was one.
@@ -44,14 +49,14 @@ public:
                const ZelCore::IO_EXTRA_DATA__& flags);
     std::optional<Io> io(ZelCore::UInt moduleId, const QString& name) const;
 
-    void setBinding(ZelCore::UInt moduleId, ZelCore::ENUM_IO_SUBSCRIBE_TYPE_ type, const QString& key,
-                    const QString& source);
-    std::optional<QString> binding(ZelCore::UInt moduleId, ZelCore::ENUM_IO_SUBSCRIBE_TYPE_ type,
-                                   const QString& key) const;
+    void setBinding(const ZelCore::FilterSourceTarget& target, const QString& source);
+    std::optional<QString> binding(const ZelCore::FilterSourceTarget& target) const;
     /// Whether there was one.
-    bool removeBinding(ZelCore::UInt moduleId, ZelCore::ENUM_IO_SUBSCRIBE_TYPE_ type, const QString& key);
+    bool removeBinding(const ZelCore::FilterSourceTarget& target);
 
 private:
+    explicit Store(const QString& file);
+
     void open();
     void checkContent();
     void createTables();
@@ -61,7 +66,7 @@ private:
     QVariant pragma(const QString& name) const;
 
     QString m_file;
-    QLockFile m_lock;
+    QFile m_lock;
     QString m_connectionName;
     QSqlDatabase m_database;
 };

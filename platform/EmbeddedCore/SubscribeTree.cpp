@@ -1,39 +1,41 @@
 #include "SubscribeTree.h"
 
 #include <algorithm>
+#include <vector>
 
 using namespace ZelCore;
 
 namespace {
 
-bool offers(const FlowOutput& output, const QStringList& types)
+/// An output that is offered, or a group of such.
+struct Offer
 {
-    return output.isGroup() ? std::any_of(output.children.cbegin(), output.children.cend(),
-                                          [&types](const FlowOutput& child) { return offers(child, types); })
-                            : types.isEmpty() || types.contains(output.type);
-}
+    const FlowOutput* output;
+    std::vector<Offer> children;
+};
 
-void fill(SUBSCRIBE_NODE__& node, UInt moduleId, const QString& name, const QVector<FlowOutput>& outputs,
-          const QStringList& path, const QStringList& types)
+std::vector<Offer> offersOf(const QVector<FlowOutput>& outputs, const QStringList& types)
 {
-    node.ModuleID = moduleId;
-    FillText(node.NodeName, name.toUtf8().constData());
-
-    QVector<const FlowOutput*> offered;
+    std::vector<Offer> offers;
     for (const FlowOutput& output : outputs) {
-        if (offers(output, types)) {
-            offered << &output;
+        Offer offer = {&output, offersOf(output.children, types)};
+        if (output.isGroup() ? !offer.children.empty() : types.isEmpty() || types.contains(output.type)) {
+            offers.push_back(std::move(offer));
         }
     }
-    node.CreateList(static_cast<UInt>(offered.size()));
-    for (int i = 0; i < offered.size(); ++i) {
-        const FlowOutput& output = *offered[i];
-        SUBSCRIBE_NODE__& child = node.Items()[i];
-        const QStringList childPath = path + QStringList(output.name);
-        fill(child, moduleId, output.name, output.children, childPath, types);
-        if (!output.isGroup()) {
-            FillText(child.SubscribeName, Flow::subscribeName(moduleId, childPath).toUtf8().constData());
-        }
+    return offers;
+}
+
+// Fills records where they lie: copies of them are deep.
+void fill(ZEL_VALUE_CONTAINER__<SUBSCRIBE_NODE__>& list, UInt moduleId, const std::vector<Offer>& offers)
+{
+    list.CreateList(static_cast<UInt>(offers.size()));
+    SUBSCRIBE_NODE__* node = list.Items();
+    for (const auto& [output, children] : offers) {
+        node->ModuleID = moduleId;
+        FillText(node->NodeName, output->name.toUtf8().constData());
+        FillText(node->SubscribeName, output->subscribeName.toUtf8().constData());
+        fill(*node++, moduleId, children);
     }
 }
 
@@ -48,29 +50,33 @@ bool SubscribeTree::isRange(int range)
 {
     const auto known = {PreModules,           CurModule,    PreAndCur,    InternalModules,   InternalAndCur,
                         PreAndInternalAndCur, ParentModule, ParentAndPre, ParentAndPreAndCur};
-    return std::any_of(known.begin(), known.end(), [range](SUBSCRIBE_RANGE each) { return each == range; });
+    return std::find(known.begin(), known.end(), range) != known.end();
 }
 
 SUBSCRIBE_TREE__ SubscribeTree::build(const Flow& flow, UInt moduleId, SUBSCRIBE_RANGE range,
                                       const QStringList& types)
 {
-    QVector<const FlowModule*> modules;
+    std::vector<std::pair<const FlowModule*, std::vector<Offer>>> offering;
     for (const FlowModule& module : flow.modules()) {
-        const bool inRange = module.id == moduleId
-                                 ? includes(range, CurModule)
-                                 : includes(range, PreModules) && flow.isBefore(module.id, moduleId);
-        const bool offersAny =
-            std::any_of(module.outputs.cbegin(), module.outputs.cend(),
-                        [&types](const FlowOutput& output) { return offers(output, types); });
-        if (inRange && offersAny) {
-            modules << &module;
+        const bool isCurrent = module.id == moduleId;
+        if (includes(range, isCurrent ? CurModule : PreModules)) {
+            auto offers = offersOf(module.outputs, types);
+            if (!offers.empty()) {
+                offering.emplace_back(&module, std::move(offers));
+            }
+        }
+        if (isCurrent) {
+            break;
         }
     }
 
     SUBSCRIBE_TREE__ tree;
-    tree.CreateList(static_cast<UInt>(modules.size()));
-    for (int i = 0; i < modules.size(); ++i) {
-        fill(tree.Items()[i], modules[i]->id, modules[i]->name, modules[i]->outputs, {}, types);
+    tree.CreateList(static_cast<UInt>(offering.size()));
+    SUBSCRIBE_NODE__* node = tree.Items();
+    for (const auto& [module, offers] : offering) {
+        node->ModuleID = module->id;
+        FillText(node->NodeName, module->name.toUtf8().constData());
+        fill(*node++, module->id, offers);
     }
     return tree;
 }
