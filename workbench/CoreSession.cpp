@@ -9,8 +9,9 @@ using ZelCore::ICommandService;
 CoreSession::CoreSession(QString flowFile, std::unique_ptr<EmbeddedCore> core)
     : m_flowFile(std::move(flowFile))
     , m_core(std::move(core))
+    , m_tap(*m_core)
 {
-    ICommandService* const service = m_core.get();
+    ICommandService* const service = &m_tap;
     IocContainar& container = IocContainar::Instance();
     container.RegisterType(IocContainar::KeyOf<ICommandService>(),
                            ZelCommon::Any(std::function<ICommandService*()>([service] { return service; })));

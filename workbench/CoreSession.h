@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CommandTap.h"
 #include "EmbeddedCore/EmbeddedCore.h"
 
 #include <memory>
@@ -14,10 +15,14 @@ public:
     Q_DISABLE_COPY(CoreSession)
 
     const Flow& flow() const { return m_core->flow(); }
+    const EmbeddedCore& core() const { return *m_core; }
+    /// What the panels talk to.
+    CommandTap& tap() { return m_tap; }
     QString flowFile() const { return m_flowFile; }
     QString storeFile() const { return m_core->storeFile(); }
 
 private:
     QString m_flowFile;
     std::unique_ptr<EmbeddedCore> m_core;
+    CommandTap m_tap;
 };

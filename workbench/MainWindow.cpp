@@ -3,19 +3,23 @@
 #include "CoreSession.h"
 #include "PanelPlugin.h"
 
+#include <QDockWidget>
 #include <QFileInfo>
 #include <QLabel>
 #include <QListView>
+#include <QMenu>
+#include <QMenuBar>
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QVBoxLayout>
 
-MainWindow::MainWindow(const CoreSession& session, const PanelPlugin& plugin)
+MainWindow::MainWindow(CoreSession& session, const PanelPlugin& plugin)
     : m_plugin(plugin)
     , m_modules(session.flow())
     , m_moduleList(new QListView)
     , m_pages(new QStackedWidget)
+    , m_viewMenu(menuBar()->addMenu(tr("&View")))
 {
     setWindowTitle(session.flow().name());
     resize(1100, 720);
@@ -56,15 +60,25 @@ void MainWindow::showModule(unsigned int moduleId)
 void MainWindow::showCurrentModule()
 {
     const FlowModule& module = m_modules.moduleAt(m_moduleList->currentIndex());
-    QWidget*& page = m_pageOf[module.id];
-    if (!page) {
+    Page& page = m_pageOf[module.id];
+    if (!page.widget) {
         page = createPage(module);
-        m_pages->addWidget(page);
+        m_pages->addWidget(page.widget);
     }
-    m_pages->setCurrentWidget(page);
+    m_pages->setCurrentWidget(page.widget);
+    emit currentModuleChanged(module.id, page.panel);
 }
 
-QWidget* MainWindow::createPage(const FlowModule& module)
+void MainWindow::addDock(const QString& name, const QString& title, QWidget* content, Qt::DockWidgetArea area)
+{
+    auto* const dock = new QDockWidget(title, this);
+    dock->setObjectName(name);
+    dock->setWidget(content);
+    addDockWidget(area, dock);
+    m_viewMenu->addAction(dock->toggleViewAction());
+}
+
+MainWindow::Page MainWindow::createPage(const FlowModule& module)
 {
     auto* const page = new QWidget;
     auto* const heading = new QLabel(QStringLiteral("<b>%1</b>").arg(module.name.toHtmlEscaped()));
@@ -76,19 +90,16 @@ QWidget* MainWindow::createPage(const FlowModule& module)
     pageLayout->addWidget(frame, 1);
     auto* const frameLayout = new QVBoxLayout(frame);
 
-    QWidget* content = nullptr;
-    if (module.kind == Flow::ifKind()) {
-        content = m_plugin.createPanel(module.id, frame);
-    }
-    if (content) {
+    const bool isIf = module.kind == Flow::ifKind();
+    QWidget* const panel = isIf ? m_plugin.createPanel(module.id, frame) : nullptr;
+    if (panel) {
         frameLayout->setContentsMargins({});
+        frameLayout->addWidget(panel);
     } else {
-        auto* const text =
-            new QLabel(module.kind == Flow::ifKind() ? tr("The plug-in could not make a panel.")
-                                                     : tr("This module has no panel here."));
+        auto* const text = new QLabel(isIf ? tr("The plug-in could not make a panel.")
+                                           : tr("This module has no panel here."));
         text->setAlignment(Qt::AlignCenter);
-        content = text;
+        frameLayout->addWidget(text);
     }
-    frameLayout->addWidget(content);
-    return page;
+    return {page, panel};
 }

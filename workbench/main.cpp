@@ -47,7 +47,7 @@ int run(const WorkbenchOptions& options, QString* error)
         return EXIT_FAILURE;
     }
 
-    const CoreSession session(options.flowFile(), std::move(core));
+    CoreSession session(options.flowFile(), std::move(core));
     MainWindow window(session, *plugin);
     if (shownId != 0) {
         window.showModule(shownId);

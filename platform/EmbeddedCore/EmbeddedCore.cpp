@@ -115,6 +115,29 @@ QString EmbeddedCore::storeFile() const
     return m_store->file();
 }
 
+std::optional<ModuleConfiguration> EmbeddedCore::configuration(UInt moduleId, QString* error) const
+{
+    try {
+        checkedModule(moduleId);
+        ModuleConfiguration found;
+        found.binaryData = m_store->allValues(Store::Values::BinaryData, moduleId);
+        found.runParameters = m_store->allValues(Store::Values::RunParameter, moduleId);
+        found.uiData = m_store->allValues(Store::Values::UiData, moduleId);
+        found.ios = m_store->allIos(moduleId);
+        found.bindings = m_store->allBindings(moduleId);
+        for (ModuleBinding& binding : found.bindings) {
+            UInt sourceModule = 0;
+            const FlowOutput* const source = m_flow.output(binding.source, &sourceModule);
+            binding.value = source ? source->value : QJsonValue::Null;
+            binding.missing = refusal(binding.target, binding.source);
+        }
+        return found;
+    } catch (const CoreError& failure) {
+        *error = failure.text();
+        return std::nullopt;
+    }
+}
+
 CommandResult EmbeddedCore::Execute(ICommand& command)
 {
     return dispatch<AddIOCommand, SetRunParamCommand, SetBinaryDataCommand, SetUIDataCommand,

@@ -1,12 +1,14 @@
 #pragma once
 
 #include "Flow.h"
+#include "ModuleConfiguration.h"
 #include "ZelCommon/FilterSourceCommands.h"
 #include "core_client/core_client.h"
 
 #include <QCoreApplication>
 
 #include <memory>
+#include <optional>
 
 class Store;
 
@@ -24,6 +26,10 @@ public:
 
     const Flow& flow() const { return m_flow; }
     QString storeFile() const;
+
+    /// All that the core holds for a module. Nothing, and a sentence in error, for a module that the flow
+    /// does not have and when the store can't be read.
+    std::optional<ModuleConfiguration> configuration(ZelCore::UInt moduleId, QString* error) const;
 
     ZelCore::CommandResult Execute(ZelCore::ICommand& command) override;
     ZelCore::CommandResult Execute(const void* sender, ZelCore::ICommand& command) override;

@@ -51,6 +51,11 @@ QString wordOf(IOClass ioClass)
     return ioClass == Input ? QStringLiteral("input") : QStringLiteral("output");
 }
 
+IOClass classOf(const QString& word)
+{
+    return word == wordOf(Input) ? Input : Output;
+}
+
 QVariantList keyOf(const FilterSourceTarget& target)
 {
     const bool isIo = target.Type == SUBSCRIBE_TYPE_IO;
@@ -196,6 +201,17 @@ bool Store::removeValue(Values values, UInt moduleId, const QString& name)
                .numRowsAffected() > 0;
 }
 
+QMap<QString, QByteArray> Store::allValues(Values values, UInt moduleId) const
+{
+    QMap<QString, QByteArray> found;
+    QSqlQuery query = run(
+        QStringLiteral("SELECT name, value FROM %1 WHERE module_id = ?").arg(tableOf(values)), {moduleId});
+    while (query.next()) {
+        found[query.value(0).toString()] = query.value(1).toByteArray();
+    }
+    return found;
+}
+
 void Store::addIo(UInt moduleId, const QString& name, const Io& io, const IO_EXTRA_DATA__& flags)
 {
     QString columns = QStringLiteral("module_id, name, io_class, value_type");
@@ -217,7 +233,29 @@ std::optional<Store::Io> Store::io(UInt moduleId, const QString& name) const
     if (!query.next()) {
         return std::nullopt;
     }
-    return Io{query.value(0).toString() == wordOf(Input) ? Input : Output, query.value(1).toString()};
+    return Io{classOf(query.value(0).toString()), query.value(1).toString()};
+}
+
+QVector<ModuleIo> Store::allIos(UInt moduleId) const
+{
+    QString columns = QStringLiteral("name, io_class, value_type");
+    for (const auto& [column, flag] : ioFlags) {
+        columns += QStringLiteral(", ") + QLatin1String(column);
+    }
+    QVector<ModuleIo> found;
+    QSqlQuery query =
+        run(QStringLiteral("SELECT %1 FROM module_io WHERE module_id = ? ORDER BY name").arg(columns),
+            {moduleId});
+    while (query.next()) {
+        ModuleIo io = {
+            query.value(0).toString(), classOf(query.value(1).toString()), query.value(2).toString(), {}};
+        int column = 3;
+        for (const auto& [name, flag] : ioFlags) {
+            io.flags.*flag = query.value(column++).toBool();
+        }
+        found << io;
+    }
+    return found;
 }
 
 void Store::setBinding(const FilterSourceTarget& target, const QString& source)
@@ -243,6 +281,23 @@ bool Store::removeBinding(const FilterSourceTarget& target)
                    "DELETE FROM binding WHERE module_id = ? AND target_kind = ? AND target_key = ?"),
                keyOf(target))
                .numRowsAffected() > 0;
+}
+
+QVector<ModuleBinding> Store::allBindings(UInt moduleId) const
+{
+    QVector<ModuleBinding> found;
+    QSqlQuery query = run(QStringLiteral("SELECT target_kind, target_key, source FROM binding "
+                                         "WHERE module_id = ? ORDER BY target_kind, target_key"),
+                          {moduleId});
+    while (query.next()) {
+        const auto type =
+            query.value(0).toString() == QLatin1String("io") ? SUBSCRIBE_TYPE_IO : SUBSCRIBE_TYPE_RUNPARAM;
+        ModuleBinding binding;
+        binding.target = {moduleId, type, query.value(1).toString()};
+        binding.source = query.value(2).toString();
+        found << binding;
+    }
+    return found;
 }
 
 QSqlQuery Store::run(const QString& statement, const QVariantList& values) const

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Flow.h"
+#include "ModuleConfiguration.h"
 #include "ZelCommon/FilterSourceCommands.h"
 #include "core_client/Records.h"
 
@@ -45,14 +46,20 @@ public:
     /// Whether there was one.
     bool removeValue(Values values, ZelCore::UInt moduleId, const QString& name);
 
+    QMap<QString, QByteArray> allValues(Values values, ZelCore::UInt moduleId) const;
+
     void addIo(ZelCore::UInt moduleId, const QString& name, const Io& io,
                const ZelCore::IO_EXTRA_DATA__& flags);
     std::optional<Io> io(ZelCore::UInt moduleId, const QString& name) const;
+
+    QVector<ModuleIo> allIos(ZelCore::UInt moduleId) const;
 
     void setBinding(const ZelCore::FilterSourceTarget& target, const QString& source);
     std::optional<QString> binding(const ZelCore::FilterSourceTarget& target) const;
     /// Whether there was one.
     bool removeBinding(const ZelCore::FilterSourceTarget& target);
+    /// With target and source; what the flow has for them is not the store's to know.
+    QVector<ModuleBinding> allBindings(ZelCore::UInt moduleId) const;
 
 private:
     explicit Store(const QString& file);

@@ -1,0 +1,63 @@
+#pragma once
+
+#include "ConditionRecord.h"
+#include "ZelCommon/FilterSourceCommands.h"
+#include "core_client/Records.h"
+
+#include <QByteArray>
+#include <QJsonValue>
+#include <QList>
+#include <QMap>
+#include <QString>
+#include <QVector>
+
+/// An IO of a module as the store holds it.
+struct ModuleIo
+{
+    QString name;
+    ZelCore::IOClass ioClass = ZelCore::Unknown;
+    QString valueType;
+    ZelCore::IO_EXTRA_DATA__ flags;
+};
+
+/// A binding of a module, and what the flow has for it.
+struct ModuleBinding
+{
+    ZelCore::FilterSourceTarget target;
+    /// The source's subscribe text.
+    QString source;
+    /// The sample value that the flow gives for the source; null when it gives none.
+    QJsonValue value;
+    /// Why the source can't feed the target any more, a sentence; empty when it can.
+    QString missing;
+};
+
+/// All that the core holds for one module, at one moment.
+struct ModuleConfiguration
+{
+    QMap<QString, QByteArray> binaryData;
+    QMap<QString, QByteArray> runParameters;
+    QMap<QString, QByteArray> uiData;
+    QVector<ModuleIo> ios;
+    QVector<ModuleBinding> bindings;
+
+    /// The bytes of "IFText", and the conditions in them.
+    QByteArray ifText() const { return binaryData.value(QStringLiteral("IFText")); }
+    QList<StoredCondition> conditions() const
+    {
+        return StoredCondition::fromText(QString::fromUtf8(ifText().constData()));
+    }
+    /// Whether "IFText" ends within an entry: it was cut when it was stored.
+    bool isCut() const { return ifText() != "0" && !ifText().isEmpty() && !ifText().endsWith(';'); }
+
+    /// Null when there is none.
+    const ModuleBinding* binding(ZelCore::ENUM_IO_SUBSCRIBE_TYPE_ type, const QString& key) const
+    {
+        for (const ModuleBinding& each : bindings) {
+            if (each.target.Type == type && each.target.Key == key) {
+                return &each;
+            }
+        }
+        return nullptr;
+    }
+};
