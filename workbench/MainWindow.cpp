@@ -1,6 +1,7 @@
 #include "MainWindow.h"
 
 #include "CoreSession.h"
+#include "InspectorView.h"
 #include "PanelPlugin.h"
 
 #include <QDockWidget>
@@ -22,7 +23,7 @@ MainWindow::MainWindow(CoreSession& session, const PanelPlugin& plugin)
     , m_viewMenu(menuBar()->addMenu(tr("&View")))
 {
     setWindowTitle(session.flow().name());
-    resize(1100, 720);
+    resize(1400, 860);
 
     m_moduleList->setObjectName(QStringLiteral("moduleList"));
     m_moduleList->setAccessibleName(tr("modules of the flow"));
@@ -38,6 +39,11 @@ MainWindow::MainWindow(CoreSession& session, const PanelPlugin& plugin)
     splitter->setSizes({230, 870});
     splitter->setChildrenCollapsible(false);
     setCentralWidget(splitter);
+
+    auto* const inspector = new InspectorView(session);
+    addDock(QStringLiteral("inspectorDock"), tr("Inspector"), inspector, Qt::RightDockWidgetArea);
+    connect(this, &MainWindow::currentModuleChanged, inspector, &InspectorView::setModule);
+    resizeDocks({findChild<QDockWidget*>(QStringLiteral("inspectorDock"))}, {480}, Qt::Horizontal);
 
     showFile("flowLabel", tr("Flow: %1"), session.flowFile());
     showFile("storeLabel", tr("Store: %1"), session.storeFile());

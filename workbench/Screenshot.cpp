@@ -1,10 +1,16 @@
 #include "Screenshot.h"
 
 #include <QCoreApplication>
+#include <QEventLoop>
 #include <QImageWriter>
 #include <QPixmap>
+#include <QTimer>
 #include <QWidget>
 #include <QWindow>
+
+namespace {
+constexpr int settlingTime = 300; // ms
+}
 
 bool Screenshot::write(QWidget& window, const QString& file, QString* error)
 {
@@ -12,8 +18,10 @@ bool Screenshot::write(QWidget& window, const QString& file, QString* error)
     while (!window.windowHandle()->isExposed()) {
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     }
-    // Layouts that were asked for while the window became visible.
-    QCoreApplication::processEvents();
+    // Layouts and views that follow once the window is visible.
+    QEventLoop settling;
+    QTimer::singleShot(settlingTime, &settling, &QEventLoop::quit);
+    settling.exec();
 
     QImageWriter writer(file, "png");
     if (!writer.write(window.grab().toImage())) {

@@ -11,6 +11,8 @@
 #include <QString>
 #include <QVector>
 
+#include <cstdlib>
+
 /// An IO of a module as the store holds it.
 struct ModuleIo
 {
@@ -47,8 +49,11 @@ struct ModuleConfiguration
     {
         return StoredCondition::fromText(QString::fromUtf8(ifText().constData()));
     }
-    /// Whether "IFText" ends within an entry: it was cut when it was stored.
-    bool isCut() const { return ifText() != "0" && !ifText().isEmpty() && !ifText().endsWith(';'); }
+    /// Whether all conditions must be met, by "LogicalMode"; else any suffices.
+    bool combinesAll() const
+    {
+        return std::strtol(runParameters.value(QStringLiteral("LogicalMode")).constData(), nullptr, 10) == 1;
+    }
 
     /// Null when there is none.
     const ModuleBinding* binding(ZelCore::ENUM_IO_SUBSCRIBE_TYPE_ type, const QString& key) const

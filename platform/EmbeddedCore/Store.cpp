@@ -1,6 +1,7 @@
 #include "Store.h"
 
 #include "CoreError.h"
+#include "IoFlags.h"
 
 #include <QFileInfo>
 #include <QSqlError>
@@ -18,20 +19,6 @@ namespace {
 constexpr int schemaVersion = 1;
 // Marks the file as ours; "QIfM" in ASCII.
 constexpr int applicationId = 0x5149664d;
-
-constexpr std::pair<const char*, bool IO_EXTRA_DATA__::*> ioFlags[] = {
-    {"can_subscribe", &IO_EXTRA_DATA__::CanSubscribe},
-    {"is_prefer", &IO_EXTRA_DATA__::IsPrefer},
-    {"visible", &IO_EXTRA_DATA__::Visible},
-    {"visible_in_result_tree", &IO_EXTRA_DATA__::VisibleInResultTree},
-    {"is_private", &IO_EXTRA_DATA__::IsPrivate},
-    {"custom_visible", &IO_EXTRA_DATA__::CustomVisible},
-    {"is_force", &IO_EXTRA_DATA__::IsForce},
-    {"is_return_relate_value", &IO_EXTRA_DATA__::IsReturnRelateValue},
-    {"allow_auto_subscribe", &IO_EXTRA_DATA__::AllowAutoSubscribe},
-    {"allow_auto_subscribe_by_other", &IO_EXTRA_DATA__::AllowAutoSubscribeByOther},
-    {"is_result_show", &IO_EXTRA_DATA__::IsResultShow},
-};
 
 QString tableOf(Store::Values values)
 {

@@ -149,7 +149,7 @@ QVariant SubscribeMenuModel::data(const QModelIndex& index, int role) const
         return node.label;
     case Qt::ToolTipRole:
         return node.isTitle || node.subscribeName.isEmpty()
-                   ? node.label
+                   ? QString()
                    : pathOf(static_cast<int>(index.internalId())).join(QStringLiteral(" / ")) +
                          QLatin1Char('\n') + node.subscribeName;
     case SubscribeNameRole:
