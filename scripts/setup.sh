@@ -2,9 +2,10 @@
 # Installs what is missing for a purpose: setup.sh run | test. Only then does it need root and the network.
 set -eu
 
-build='g++ cmake ninja-build qtbase5-dev qtdeclarative5-dev qtquickcontrols2-5-dev'
+build='g++ cmake ninja-build qtbase5-dev qtdeclarative5-dev qtquickcontrols2-5-dev
+       qttools5-dev qttools5-dev-tools'
 run='libqt5sql5-sqlite qml-module-qtquick2 qml-module-qtquick-controls2 qml-module-qtquick-templates2
-     qml-module-qtquick-window2 fonts-dejavu-core fonts-wqy-microhei'
+     qml-module-qtquick-window2 qttranslations5-l10n fonts-dejavu-core fonts-wqy-microhei'
 test='clang-format clang-tidy binutils xvfb xauth xdotool openbox shellcheck'
 
 case "${1:-}" in

@@ -2,15 +2,6 @@
 
 #include <QCoreApplication>
 
-namespace {
-
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("PanelPlugin", text);
-}
-
-} // namespace
-
 std::unique_ptr<PanelPlugin> PanelPlugin::load(const QString& file, QString* error)
 {
     QLibrary library(file);

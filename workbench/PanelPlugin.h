@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCoreApplication>
 #include <QLibrary>
 
 #include <memory>
@@ -10,6 +11,8 @@ class QWidget;
 /// process ends: its resources and meta objects may outlive the panels.
 class PanelPlugin
 {
+    Q_DECLARE_TR_FUNCTIONS(PanelPlugin)
+
 public:
     /// Null, and a sentence in error, when the file can't be loaded or lacks a symbol.
     static std::unique_ptr<PanelPlugin> load(const QString& file, QString* error);

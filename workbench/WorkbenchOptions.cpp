@@ -15,11 +15,6 @@ const QString screenshotOption = QStringLiteral("screenshot");
 const QString helpOption = QStringLiteral("help");
 const QString versionOption = QStringLiteral("version");
 
-QString tr(const char* text)
-{
-    return QCoreApplication::translate("WorkbenchOptions", text);
-}
-
 } // namespace
 
 WorkbenchOptions::WorkbenchOptions()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QCommandLineParser>
+#include <QCoreApplication>
 #include <QString>
 #include <QStringList>
 
@@ -10,6 +11,8 @@
 /// sample flow in ../lib and ../share of its folder.
 class WorkbenchOptions
 {
+    Q_DECLARE_TR_FUNCTIONS(WorkbenchOptions)
+
 public:
     WorkbenchOptions();
 

@@ -1,7 +1,6 @@
-#include "CoreSession.h"
 #include "MainWindow.h"
-#include "PanelPlugin.h"
 #include "Screenshot.h"
+#include "Workbench.h"
 #include "WorkbenchApplication.h"
 #include "WorkbenchOptions.h"
 
@@ -21,41 +20,19 @@ void setNames()
 
 int run(const WorkbenchOptions& options, QString* error)
 {
-    auto flow = Flow::load(options.flowFile(), error);
-    if (!flow) {
-        return EXIT_FAILURE;
-    }
-    const auto& modules = flow->modules();
-    const auto firstIf = std::find_if(modules.cbegin(), modules.cend(),
-                                      [](const FlowModule& module) { return module.kind == Flow::ifKind(); });
-    const auto moduleId = options.moduleId();
-    if (moduleId && !flow->module(*moduleId)) {
-        *error = QCoreApplication::translate("main", "The flow %1 has no module %2.")
-                     .arg(options.flowFile())
-                     .arg(*moduleId);
-        return EXIT_FAILURE;
-    }
-    const unsigned int shownId = moduleId ? *moduleId : firstIf != modules.cend() ? firstIf->id : 0;
-
-    const auto plugin = PanelPlugin::load(options.pluginFile(), error);
+    auto plugin = PanelPlugin::load(options.pluginFile(), error);
     if (!plugin) {
         return EXIT_FAILURE;
     }
-    const QString storeFile = options.storeFile(flow->name());
-    auto core = EmbeddedCore::open(std::move(*flow), storeFile, error);
-    if (!core) {
+    Workbench workbench(options, std::move(plugin));
+    if (!workbench.open(options.flowFile(), error)) {
         return EXIT_FAILURE;
     }
-
-    CoreSession session(options.flowFile(), std::move(core));
-    MainWindow window(session, *plugin);
-    if (shownId != 0) {
-        window.showModule(shownId);
-    }
     if (!options.screenshotFile().isEmpty()) {
-        return Screenshot::write(window, options.screenshotFile(), error) ? EXIT_SUCCESS : EXIT_FAILURE;
+        return Screenshot::write(*workbench.window(), options.screenshotFile(), error) ? EXIT_SUCCESS
+                                                                                       : EXIT_FAILURE;
     }
-    window.show();
+    workbench.window()->show();
     return WorkbenchApplication::exec();
 }
 

@@ -39,7 +39,7 @@ ButtonSelecterView::ButtonSelecterView(QWidget* parent)
     m_button->setFocusPolicy(Qt::StrongFocus);
     m_button->installEventFilter(this);
     setAttribute(Qt::WA_Hover);
-    m_button->setAccessibleName(tr("choose a value"));
+    setTexts();
     connect(m_button, &QToolButton::clicked, this, &ButtonSelecterView::openMenu);
     connect(m_field, &SubscribeField::clicked, this, &ButtonSelecterView::openMenu);
 }
@@ -127,6 +127,20 @@ void ButtonSelecterView::resizeEvent(QResizeEvent* event)
 {
     placeParts(event->size().width(), event->size().height());
     QWidget::resizeEvent(event);
+}
+
+void ButtonSelecterView::setTexts()
+{
+    m_button->setAccessibleName(tr("choose a value"));
+    m_field->show(m_field->text(), m_field->isMissing());
+}
+
+void ButtonSelecterView::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::LanguageChange) {
+        setTexts();
+    }
+    QWidget::changeEvent(event);
 }
 
 bool ButtonSelecterView::eventFilter(QObject* watched, QEvent* event)

@@ -52,12 +52,14 @@ signals:
     void sigEdiSubscribeInfoChanged(QString info);
 
 protected:
+    void changeEvent(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
     void placeParts(int width, int height);
+    void setTexts();
     void openMenu();
     void choose(const QString& info);
 

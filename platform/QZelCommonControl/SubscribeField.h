@@ -13,6 +13,8 @@ public:
     /// Missing: the value that the text names is gone.
     void show(const QString& text, bool isMissing);
 
+    bool isMissing() const { return m_isMissing; }
+
 signals:
     void clicked();
 

@@ -44,7 +44,7 @@ SubscribeMenuPopup::SubscribeMenuPopup(QWidget* owner)
     , m_owner(owner)
     , m_filter(new QLineEdit(this))
     , m_tree(new QTreeView(this))
-    , m_empty(new QLabel(tr("no matching values"), this))
+    , m_empty(new QLabel(this))
 {
     setFrameStyle(QFrame::Box | QFrame::Plain);
     auto* const layout = new QVBoxLayout(this);
@@ -54,7 +54,6 @@ SubscribeMenuPopup::SubscribeMenuPopup(QWidget* owner)
     layout->addWidget(m_tree);
     layout->addWidget(m_empty);
 
-    m_filter->setPlaceholderText(tr("filter"));
     m_filter->setClearButtonEnabled(true);
     m_filter->setMinimumHeight(rowHeight);
     connect(m_filter, &QLineEdit::textChanged, this, [this](const QString& text) {
@@ -90,6 +89,9 @@ void SubscribeMenuPopup::setMenu(const QJsonArray& menu)
 
 void SubscribeMenuPopup::open(const QString& present)
 {
+    // The language may have changed since.
+    m_filter->setPlaceholderText(tr("filter"));
+    m_empty->setText(tr("no matching values"));
     m_present = present;
     const QRect owner(m_owner->mapToGlobal(QPoint()), m_owner->size());
     const QScreen* const screen = m_owner->screen();

@@ -1,0 +1,39 @@
+#include "Translations.h"
+
+#include <QCoreApplication>
+#include <QLibraryInfo>
+#include <QLocale>
+
+namespace {
+const QString english = QStringLiteral("en");
+const QString chinese = QStringLiteral("zh_CN");
+} // namespace
+
+QVector<Translations::Language> Translations::languages()
+{
+    return {{chinese, QStringLiteral("中文")}, {english, QStringLiteral("English")}};
+}
+
+QString Translations::systemLanguage()
+{
+    return QLocale::system().language() == QLocale::English ? english : chinese;
+}
+
+void Translations::setLanguage(const QString& code)
+{
+    m_translators.clear(); // a translator that goes is removed from the application
+    m_language = code;
+    const QString own =
+        QCoreApplication::applicationDirPath() + QStringLiteral("/../share/if-workbench/i18n");
+    const QString qts = QLibraryInfo::location(QLibraryInfo::TranslationsPath);
+    for (const auto& [catalogue, folder] : {std::pair(QStringLiteral("qtbase"), qts),
+                                            {QStringLiteral("if-workbench"), own},
+                                            {QStringLiteral("QZelCommonControl"), own},
+                                            {QStringLiteral("QIfModule"), own}}) {
+        auto translator = std::make_unique<QTranslator>();
+        if (translator->load(catalogue + QLatin1Char('_') + code, folder)) {
+            QCoreApplication::installTranslator(translator.get());
+            m_translators.push_back(std::move(translator));
+        }
+    }
+}

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QString>
+#include <QTranslator>
+#include <QVector>
+
+#include <memory>
+#include <vector>
+
+/// The language of all that the process shows: Qt's own texts, the workbench's, the controls' and the
+/// panels'. Catalogues lie in ../share/if-workbench/i18n of the program's folder; a text without an entry
+/// is shown as it was written.
+class Translations
+{
+public:
+    struct Language
+    {
+        /// As locales name it: "en", "zh_CN".
+        QString code;
+        /// In the language itself.
+        QString name;
+    };
+    static QVector<Language> languages();
+    /// The language of the user's system where it is one of these, else the panels' own.
+    static QString systemLanguage();
+
+    /// Needs an application object. Widgets learn of it by LanguageChange; panels have to be told.
+    void setLanguage(const QString& code);
+    QString language() const { return m_language; }
+
+private:
+    QString m_language;
+    std::vector<std::unique_ptr<QTranslator>> m_translators;
+};

@@ -1,0 +1,99 @@
+#include "Workbench.h"
+
+#include "CoreSession.h"
+#include "MainWindow.h"
+#include "WorkbenchApplication.h"
+
+#include <QFileInfo>
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+// The module to show first: the wanted one, else the first If module; 0 when the flow has neither.
+unsigned int shownModule(const Flow& flow, std::optional<unsigned int> wanted)
+{
+    if (wanted && flow.module(*wanted)) {
+        return *wanted;
+    }
+    const auto& modules = flow.modules();
+    const auto firstIf = std::find_if(modules.cbegin(), modules.cend(),
+                                      [](const FlowModule& module) { return module.kind == Flow::ifKind(); });
+    return firstIf == modules.cend() ? 0 : firstIf->id;
+}
+
+} // namespace
+
+Workbench::Workbench(const WorkbenchOptions& options, std::unique_ptr<PanelPlugin> plugin)
+    : m_options(options)
+    , m_plugin(std::move(plugin))
+{
+    const QString remembered = m_settings.language();
+    m_translations.setLanguage(remembered.isEmpty() ? Translations::systemLanguage() : remembered);
+}
+
+Workbench::~Workbench() = default;
+
+bool Workbench::open(const QString& flowFile, QString* error)
+{
+    auto flow = Flow::load(flowFile, error);
+    if (!flow) {
+        return false;
+    }
+    const bool isFirst = !m_session;
+    if (isFirst && m_options.moduleId() && !flow->module(*m_options.moduleId())) {
+        *error = tr("The flow %1 has no module %2.").arg(flowFile, QString::number(*m_options.moduleId()));
+        return false;
+    }
+    const unsigned int moduleId = shownModule(*flow, isFirst ? m_options.moduleId() : std::nullopt);
+    const QString storeFile = m_options.storeFile(flow->name());
+
+    if (m_session && QFileInfo(m_session->storeFile()) == QFileInfo(storeFile)) {
+        close(); // a store has one owner
+    }
+    auto core = EmbeddedCore::open(std::move(*flow), storeFile, error);
+    if (!core) {
+        return false;
+    }
+    close();
+    m_session = std::make_unique<CoreSession>(flowFile, std::move(core));
+    m_window = std::make_unique<MainWindow>(*m_session, *m_plugin, m_settings);
+    connect(m_window.get(), &MainWindow::flowChosen, this, &Workbench::showFlow, Qt::QueuedConnection);
+    connect(m_window.get(), &MainWindow::languageChosen, this, &Workbench::setLanguage);
+    m_window->setLanguage(m_translations.language());
+    if (moduleId != 0) {
+        m_window->showModule(moduleId);
+    }
+    m_settings.addRecentFlow(flowFile);
+    return true;
+}
+
+void Workbench::close()
+{
+    if (m_window) {
+        m_window->remember();
+    }
+    m_window.reset();
+    m_session.reset();
+}
+
+void Workbench::showFlow(const QString& flowFile)
+{
+    QString error;
+    if (open(flowFile, &error)) {
+        m_window->show();
+        return;
+    }
+    WorkbenchApplication::tellError(error);
+    if (!m_window) {
+        QCoreApplication::exit(EXIT_FAILURE);
+    }
+}
+
+void Workbench::setLanguage(const QString& code)
+{
+    m_translations.setLanguage(code);
+    m_settings.setLanguage(code);
+    m_window->setLanguage(code);
+}
