@@ -125,6 +125,7 @@ void tst_end_to_end::start()
     const QString serverName = m_directory->filePath(QStringLiteral("probe"));
     environment.insert(QStringLiteral("QT_PLUGIN_PATH"), QStringLiteral(WIDGET_PROBE_DIR));
     environment.insert(QStringLiteral("QT_QPA_GENERIC_PLUGINS"), QLatin1String("widgetprobe:") + serverName);
+    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), m_directory->path());
     environment.insert(QStringLiteral("QT_QUICK_BACKEND"), QStringLiteral("software"));
     m_workbench.setProcessEnvironment(environment);
     m_workbench.start(QStringLiteral(IF_WORKBENCH_FILE), {QStringLiteral("--store"), m_store});
@@ -300,10 +301,17 @@ void tst_end_to_end::boundConditionsComeBackAndAreDeleted()
     const QStringList all = {"%int0% 5.ObjectCount", "%int0%End 5.ObjectNumber", "%int0%Start 5.ObjectCount"};
     QTRY_COMPARE(bindings(), all);
 
+    // Another language, at once, for the workbench and the panel.
+    key(QStringLiteral("alt+l"));
+    key(QStringLiteral("Up"));
+    key(QStringLiteral("Return"));
+    QTRY_COMPARE(wait("lab_help").text, QStringLiteral("The result is OK when the conditions are met"));
+    QVERIFY(wait("flowLabel").text.startsWith("Flow"));
+
     // The input is gone by the time that a value is chosen for it.
     stored("DELETE FROM module_io WHERE name = '%int0%'");
     choose("ButtonSelecterView", 0, "objectnumber");
-    QCOMPARE(wait("QMessageBox").text, QStringLiteral("未找到绑定数据"));
+    QCOMPARE(wait("QMessageBox").text, QStringLiteral("No bound data found"));
     key(QStringLiteral("Return"));
     QTRY_COMPARE(wait("ButtonSelecterView").text, QStringLiteral("5.ObjectCount"));
     QCOMPARE(bindings(), all);

@@ -93,8 +93,9 @@ void InspectorView::refresh()
     m_ios.setRows(ModuleInspection::ioColumns(), ModuleInspection::ios(*configuration));
     m_bindings.setRows(ModuleInspection::bindingColumns(), ModuleInspection::bindings(*configuration));
     m_values.setRows(ModuleInspection::valueColumns(), ModuleInspection::values(*configuration));
-    m_summary->setText(tr("Mode: %1. Stored list, %n byte(s):", nullptr, configuration->ifText().size())
-                           .arg(configuration->combinesAll() ? tr("all must be met") : tr("any suffices")));
+    m_summary->setText(tr("Mode: %1. Stored list, bytes: %2")
+                           .arg(configuration->combinesAll() ? tr("all must be met") : tr("any suffices"),
+                                QString::number(configuration->ifText().size())));
     m_bytes->setPlainText(ModuleInspection::visible(configuration->ifText()));
 }
 

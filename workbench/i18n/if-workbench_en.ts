@@ -153,13 +153,6 @@
         <source>stored bytes of the condition list</source>
         <translation>stored bytes of the condition list</translation>
     </message>
-    <message numerus="yes">
-        <source>Mode: %1. Stored list, %n byte(s):</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-            <numerusform></numerusform>
-        </translation>
-    </message>
     <message>
         <source>all must be met</source>
         <translation>all must be met</translation>
@@ -167,6 +160,10 @@
     <message>
         <source>any suffices</source>
         <translation>any suffices</translation>
+    </message>
+    <message>
+        <source>Mode: %1. Stored list, bytes: %2</source>
+        <translation>Mode: %1. Stored list, bytes: %2</translation>
     </message>
 </context>
 <context>

@@ -153,12 +153,6 @@
         <source>stored bytes of the condition list</source>
         <translation>条件列表的存储字节</translation>
     </message>
-    <message numerus="yes">
-        <source>Mode: %1. Stored list, %n byte(s):</source>
-        <translation type="unfinished">
-            <numerusform></numerusform>
-        </translation>
-    </message>
     <message>
         <source>all must be met</source>
         <translation>全部满足</translation>
@@ -166,6 +160,10 @@
     <message>
         <source>any suffices</source>
         <translation>任意满足</translation>
+    </message>
+    <message>
+        <source>Mode: %1. Stored list, bytes: %2</source>
+        <translation>模式：%1。已存列表，字节数：%2</translation>
     </message>
 </context>
 <context>
