@@ -3,6 +3,7 @@
 #include "CoreSession.h"
 #include "InspectorView.h"
 #include "PanelPlugin.h"
+#include "RunDock.h"
 #include "Translations.h"
 #include "WorkbenchSettings.h"
 
@@ -65,6 +66,9 @@ MainWindow::MainWindow(CoreSession& session, const PanelPlugin& plugin, Workbenc
     auto* const inspector = new InspectorView(session);
     addDock(QStringLiteral("inspectorDock"), inspector, Qt::RightDockWidgetArea);
     connect(this, &MainWindow::currentModuleChanged, inspector, &InspectorView::setModule);
+    auto* const runDock = new RunDock(session);
+    addDock(QStringLiteral("runDock"), runDock, Qt::BottomDockWidgetArea);
+    connect(this, &MainWindow::currentModuleChanged, runDock, &RunDock::showModule);
     resizeDocks({findChild<QDockWidget*>(QStringLiteral("inspectorDock"))}, {480}, Qt::Horizontal);
 
     m_flowLabel->setObjectName(QStringLiteral("flowLabel"));
@@ -124,7 +128,8 @@ void MainWindow::setTexts()
     m_flowLabel->setToolTip(QFileInfo(m_session.flowFile()).absoluteFilePath());
     m_storeLabel->setText(tr("Store: %1").arg(QFileInfo(m_session.storeFile()).fileName()));
     m_storeLabel->setToolTip(QFileInfo(m_session.storeFile()).absoluteFilePath());
-    const QHash<QString, QString> dockTitles = {{QStringLiteral("inspectorDock"), tr("Inspector")}};
+    const QHash<QString, QString> dockTitles = {{QStringLiteral("inspectorDock"), tr("Inspector")},
+                                                {QStringLiteral("runDock"), tr("Run")}};
     for (QDockWidget* const dock : findChildren<QDockWidget*>()) {
         dock->setWindowTitle(dockTitles.value(dock->objectName()));
     }

@@ -1,6 +1,6 @@
 #include "ModuleInspection.h"
 
-#include "EmbeddedCore/IoFlags.h"
+#include "EmbeddedCore/StoredWords.h"
 
 #include <algorithm>
 
@@ -100,7 +100,7 @@ ModuleInspection::Rows ModuleInspection::ios(const ModuleConfiguration& configur
     Rows rows;
     for (const ModuleIo& io : configuration.ios) {
         QStringList flags;
-        for (const auto& [name, flag] : ioFlags) {
+        for (const auto& [name, flag] : StoredWords::ioFlags) {
             if (io.flags.*flag) {
                 flags << QLatin1String(name);
             }

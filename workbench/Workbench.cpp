@@ -6,24 +6,7 @@
 
 #include <QFileInfo>
 
-#include <algorithm>
 #include <utility>
-
-namespace {
-
-// The module to show first: the wanted one, else the first If module; 0 when the flow has neither.
-unsigned int shownModule(const Flow& flow, std::optional<unsigned int> wanted)
-{
-    if (wanted && flow.module(*wanted)) {
-        return *wanted;
-    }
-    const auto& modules = flow.modules();
-    const auto firstIf = std::find_if(modules.cbegin(), modules.cend(),
-                                      [](const FlowModule& module) { return module.kind == Flow::ifKind(); });
-    return firstIf == modules.cend() ? 0 : firstIf->id;
-}
-
-} // namespace
 
 Workbench::Workbench(const WorkbenchOptions& options, std::unique_ptr<PanelPlugin> plugin)
     : m_options(options)
@@ -41,12 +24,10 @@ bool Workbench::open(const QString& flowFile, QString* error)
     if (!flow) {
         return false;
     }
-    const bool isFirst = !m_session;
-    if (isFirst && m_options.moduleId() && !flow->module(*m_options.moduleId())) {
-        *error = tr("The flow %1 has no module %2.").arg(flowFile, QString::number(*m_options.moduleId()));
+    const auto moduleId = m_session ? std::optional(flow->firstIfId()) : m_options.moduleOf(*flow, error);
+    if (!moduleId) {
         return false;
     }
-    const unsigned int moduleId = shownModule(*flow, isFirst ? m_options.moduleId() : std::nullopt);
     const QString storeFile = m_options.storeFile(flow->name());
 
     if (m_session && QFileInfo(m_session->storeFile()) == QFileInfo(storeFile)) {
@@ -62,8 +43,8 @@ bool Workbench::open(const QString& flowFile, QString* error)
     connect(m_window.get(), &MainWindow::flowChosen, this, &Workbench::showFlow, Qt::QueuedConnection);
     connect(m_window.get(), &MainWindow::languageChosen, this, &Workbench::setLanguage);
     m_window->setLanguage(m_translations.language());
-    if (moduleId != 0) {
-        m_window->showModule(moduleId);
+    if (*moduleId != 0) {
+        m_window->showModule(*moduleId);
     }
     m_settings.addRecentFlow(flowFile);
     return true;

@@ -12,6 +12,8 @@ const QString storeOption = QStringLiteral("store");
 const QString moduleOption = QStringLiteral("module");
 const QString pluginOption = QStringLiteral("plugin");
 const QString screenshotOption = QStringLiteral("screenshot");
+const QString runOption = QStringLiteral("run");
+const QString dumpOption = QStringLiteral("dump");
 const QString helpOption = QStringLiteral("help");
 const QString versionOption = QStringLiteral("version");
 
@@ -24,9 +26,12 @@ WorkbenchOptions::WorkbenchOptions()
     m_parser.addOptions({
         {flowOption, tr("Inspection flow to open, a JSON file."), tr("file")},
         {storeOption, tr("Store of the modules' parameters, made when it is missing."), tr("file")},
-        {moduleOption, tr("Module to show first."), tr("id")},
+        {moduleOption, tr("Module to show first, to run or to dump."), tr("id")},
         {pluginOption, tr("Plug-in that makes the panels."), tr("file")},
         {screenshotOption, tr("Write a picture of the window and end; needs no display."), tr("file.png")},
+        {runOption, tr("Judge the rows of a CSV file, print the results as CSV and end; needs no display."),
+         tr("file.csv")},
+        {dumpOption, tr("Print all that the store holds for the module as JSON and end; needs no display.")},
         {helpOption, tr("Show this text.")},
         {versionOption, tr("Show the version.")},
     });
@@ -40,6 +45,14 @@ bool WorkbenchOptions::parse(const QStringList& arguments, QString* error)
     }
     if (!m_parser.positionalArguments().isEmpty()) {
         *error = tr("Unexpected argument '%1'.").arg(m_parser.positionalArguments().first());
+        return false;
+    }
+    if (m_parser.isSet(runOption) + m_parser.isSet(dumpOption) + m_parser.isSet(screenshotOption) > 1) {
+        *error = tr("--run, --dump and --screenshot exclude each other.");
+        return false;
+    }
+    if (m_parser.isSet(runOption) && runFile().isEmpty()) {
+        *error = tr("--run needs the name of a file.");
         return false;
     }
     if (m_parser.isSet(moduleOption)) {
@@ -66,6 +79,25 @@ bool WorkbenchOptions::asksForVersion() const
 QString WorkbenchOptions::screenshotFile() const
 {
     return m_parser.value(screenshotOption);
+}
+
+QString WorkbenchOptions::runFile() const
+{
+    return m_parser.value(runOption);
+}
+
+bool WorkbenchOptions::asksForDump() const
+{
+    return m_parser.isSet(dumpOption);
+}
+
+std::optional<unsigned int> WorkbenchOptions::moduleOf(const Flow& flow, QString* error) const
+{
+    if (m_moduleId && !flow.module(*m_moduleId)) {
+        *error = tr("The flow %1 has no module %2.").arg(flowFile(), QString::number(*m_moduleId));
+        return std::nullopt;
+    }
+    return m_moduleId ? *m_moduleId : flow.firstIfId();
 }
 
 QString WorkbenchOptions::flowFile() const

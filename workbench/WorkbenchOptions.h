@@ -1,5 +1,7 @@
 #pragma once
 
+#include "EmbeddedCore/Flow.h"
+
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QString>
@@ -26,8 +28,13 @@ public:
 
     /// Where to write a picture of the window; empty for a window that stays open.
     QString screenshotFile() const;
-    /// The module to show first; nothing for the first If module.
-    std::optional<unsigned int> moduleId() const { return m_moduleId; }
+    /// The CSV file whose rows to judge without a window; empty for none.
+    QString runFile() const;
+    /// Whether to print what the core holds for the module, without a window.
+    bool asksForDump() const;
+    /// The module to show first, to run or to print: the one asked for, else the first If module, 0 where
+    /// there is none. Nothing, and a sentence in error, when the flow lacks the one asked for.
+    std::optional<unsigned int> moduleOf(const Flow& flow, QString* error) const;
 
     /// These need an application object for their defaults.
     QString flowFile() const;

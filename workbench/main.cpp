@@ -1,3 +1,5 @@
+#include "EmbeddedCore/EmbeddedCore.h"
+#include "Headless.h"
 #include "MainWindow.h"
 #include "Screenshot.h"
 #include "Workbench.h"
@@ -36,6 +38,28 @@ int run(const WorkbenchOptions& options, QString* error)
     return WorkbenchApplication::exec();
 }
 
+int runHeadless(const WorkbenchOptions& options, QString* error)
+{
+    auto flow = Flow::load(options.flowFile(), error);
+    const auto moduleId = flow ? options.moduleOf(*flow, error) : std::nullopt;
+    if (!moduleId) {
+        return EXIT_FAILURE;
+    }
+    const FlowModule* const module = flow->module(*moduleId);
+    if (!module || module->kind != Flow::ifKind()) {
+        *error = module ? QCoreApplication::translate("main", "Module %1 is no If module.").arg(*moduleId)
+                        : QCoreApplication::translate("main", "The flow %1 has no If module.")
+                              .arg(options.flowFile());
+        return EXIT_FAILURE;
+    }
+    const QString storeFile = options.storeFile(flow->name());
+    const auto core = EmbeddedCore::open(std::move(*flow), storeFile, error);
+    const bool isDone =
+        core && (options.asksForDump() ? Headless::printConfiguration(*core, *moduleId, error)
+                                       : Headless::printRun(*core, *moduleId, options.runFile(), error));
+    return isDone ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
 bool hasDisplay()
 {
     return qEnvironmentVariableIsSet("DISPLAY") || qEnvironmentVariableIsSet("WAYLAND_DISPLAY") ||
@@ -70,6 +94,11 @@ int main(int argc, char** argv)
                                        QCoreApplication::applicationVersion() + QLatin1Char('\n');
         std::fputs(qUtf8Printable(text), stdout);
         return EXIT_SUCCESS;
+    }
+    if (options.asksForDump() || !options.runFile().isEmpty()) {
+        const QCoreApplication application(argc, argv);
+        const int exitCode = runHeadless(options, &error);
+        return exitCode == EXIT_SUCCESS ? exitCode : fail(error);
     }
     if (!options.screenshotFile().isEmpty()) {
         if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {

@@ -129,6 +129,7 @@ std::optional<ModuleConfiguration> EmbeddedCore::configuration(UInt moduleId, QS
             UInt sourceModule = 0;
             const FlowOutput* const source = m_flow.output(binding.source, &sourceModule);
             binding.value = source ? source->value : QJsonValue::Null;
+            binding.column = source ? source->column : QString();
             binding.missing = refusal(binding.target, binding.source);
         }
         return found;

@@ -76,7 +76,7 @@ bool isValueOf(const QString& type, const QJsonValue& value)
            number <= std::numeric_limits<int>::max();
 }
 
-// Type and sample of an output that is no group.
+// Type, sample and column of an output that is no group.
 void readValue(FlowOutput& output, const QJsonObject& object, const QString& place)
 {
     output.type = object.value(QStringLiteral("type")).toString();
@@ -89,6 +89,9 @@ void readValue(FlowOutput& output, const QJsonObject& object, const QString& pla
         if (!isValueOf(output.type, output.value)) {
             expect(place + QStringLiteral(".value"), Flow::tr("a value of type \"%1\"").arg(output.type));
         }
+    }
+    if (object.contains(QStringLiteral("column"))) {
+        output.column = textOf(object.value(QStringLiteral("column")), place + QStringLiteral(".column"));
     }
     if (output.subscribeName.toUtf8().size() > longestSubscribeName) {
         expect(place,
@@ -198,6 +201,13 @@ const FlowModule* Flow::module(ZelCore::UInt id) const
     const auto found = std::find_if(m_modules.cbegin(), m_modules.cend(),
                                     [id](const FlowModule& module) { return module.id == id; });
     return found == m_modules.cend() ? nullptr : &*found;
+}
+
+ZelCore::UInt Flow::firstIfId() const
+{
+    const auto found = std::find_if(m_modules.cbegin(), m_modules.cend(),
+                                    [](const FlowModule& module) { return module.kind == ifKind(); });
+    return found == m_modules.cend() ? 0 : found->id;
 }
 
 bool Flow::isBefore(ZelCore::UInt first, ZelCore::UInt second) const

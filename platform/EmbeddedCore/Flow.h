@@ -19,6 +19,8 @@ struct FlowOutput
     QString subscribeName;
     /// A sample of the value; null when the flow gives none.
     QJsonValue value;
+    /// The column that has the value in a table of samples; empty when none has.
+    QString column;
     QVector<FlowOutput> children;
 
     bool isGroup() const { return type.isEmpty(); }
@@ -51,6 +53,8 @@ public:
 
     /// Null for an id that the flow does not have.
     const FlowModule* module(ZelCore::UInt id) const;
+    /// The id of the first If module; 0 when there is none.
+    ZelCore::UInt firstIfId() const;
     /// Whether one module runs before another; both must be of the flow.
     bool isBefore(ZelCore::UInt first, ZelCore::UInt second) const;
 

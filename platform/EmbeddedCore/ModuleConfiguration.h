@@ -30,6 +30,8 @@ struct ModuleBinding
     QString source;
     /// The sample value that the flow gives for the source; null when it gives none.
     QJsonValue value;
+    /// The column that has the source's value in a table of samples; empty when none has.
+    QString column;
     /// Why the source can't feed the target any more, a sentence; empty when it can.
     QString missing;
 };

@@ -1,7 +1,7 @@
 #include "Store.h"
 
 #include "CoreError.h"
-#include "IoFlags.h"
+#include "StoredWords.h"
 
 #include <QFileInfo>
 #include <QSqlError>
@@ -33,20 +33,14 @@ QString tableOf(Store::Values values)
     return QStringLiteral("ui_data");
 }
 
-QString wordOf(IOClass ioClass)
-{
-    return ioClass == Input ? QStringLiteral("input") : QStringLiteral("output");
-}
-
 IOClass classOf(const QString& word)
 {
-    return word == wordOf(Input) ? Input : Output;
+    return word == StoredWords::of(Input) ? Input : Output;
 }
 
 QVariantList keyOf(const FilterSourceTarget& target)
 {
-    const bool isIo = target.Type == SUBSCRIBE_TYPE_IO;
-    return {target.ModuleID, isIo ? QStringLiteral("io") : QStringLiteral("run_parameter"), target.Key};
+    return {target.ModuleID, StoredWords::of(target.Type), target.Key};
 }
 
 } // namespace
@@ -134,7 +128,7 @@ void Store::createTables()
                 .arg(tableOf(values), module, QLatin1String(type)));
     }
     QString flags;
-    for (const auto& [column, flag] : ioFlags) {
+    for (const auto& [column, flag] : StoredWords::ioFlags) {
         flags += QLatin1String(column) + QStringLiteral(" INTEGER NOT NULL, ");
     }
     run(QStringLiteral("CREATE TABLE module_io (%1, name TEXT NOT NULL, "
@@ -203,8 +197,8 @@ void Store::addIo(UInt moduleId, const QString& name, const Io& io, const IO_EXT
 {
     QString columns = QStringLiteral("module_id, name, io_class, value_type");
     QString marks = QStringLiteral("?, ?, ?, ?");
-    QVariantList values = {moduleId, name, wordOf(io.ioClass), io.valueType};
-    for (const auto& [column, flag] : ioFlags) {
+    QVariantList values = {moduleId, name, StoredWords::of(io.ioClass), io.valueType};
+    for (const auto& [column, flag] : StoredWords::ioFlags) {
         columns += QStringLiteral(", ") + QLatin1String(column);
         marks += QStringLiteral(", ?");
         values << int(flags.*flag);
@@ -226,7 +220,7 @@ std::optional<Store::Io> Store::io(UInt moduleId, const QString& name) const
 QVector<ModuleIo> Store::allIos(UInt moduleId) const
 {
     QString columns = QStringLiteral("name, io_class, value_type");
-    for (const auto& [column, flag] : ioFlags) {
+    for (const auto& [column, flag] : StoredWords::ioFlags) {
         columns += QStringLiteral(", ") + QLatin1String(column);
     }
     QVector<ModuleIo> found;
@@ -237,7 +231,7 @@ QVector<ModuleIo> Store::allIos(UInt moduleId) const
         ModuleIo io = {
             query.value(0).toString(), classOf(query.value(1).toString()), query.value(2).toString(), {}};
         int column = 3;
-        for (const auto& [name, flag] : ioFlags) {
+        for (const auto& [name, flag] : StoredWords::ioFlags) {
             io.flags.*flag = query.value(column++).toBool();
         }
         found << io;
@@ -277,8 +271,9 @@ QVector<ModuleBinding> Store::allBindings(UInt moduleId) const
                                          "WHERE module_id = ? ORDER BY target_kind, target_key"),
                           {moduleId});
     while (query.next()) {
-        const auto type =
-            query.value(0).toString() == QLatin1String("io") ? SUBSCRIBE_TYPE_IO : SUBSCRIBE_TYPE_RUNPARAM;
+        const auto type = query.value(0).toString() == StoredWords::of(SUBSCRIBE_TYPE_IO)
+                              ? SUBSCRIBE_TYPE_IO
+                              : SUBSCRIBE_TYPE_RUNPARAM;
         ModuleBinding binding;
         binding.target = {moduleId, type, query.value(1).toString()};
         binding.source = query.value(2).toString();
