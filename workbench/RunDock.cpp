@@ -48,11 +48,11 @@ RunDock::RunDock(const CoreSession& session, QWidget* parent)
     : QWidget(parent)
     , m_session(session)
     , m_source(named("sourceBox", new QComboBox))
-    , m_browse(named("browseButton", new QPushButton(tr("&Open CSV…"))))
-    , m_once(named("runOnceButton", new QPushButton(tr("Run &once"))))
-    , m_step(named("stepButton", new QPushButton(tr("&Step"))))
-    , m_all(named("runAllButton", new QPushButton(tr("Run &all"))))
-    , m_cancel(named("cancelButton", new QPushButton(tr("&Cancel"))))
+    , m_browse(named("browseButton", new QPushButton))
+    , m_once(named("runOnceButton", new QPushButton))
+    , m_step(named("stepButton", new QPushButton))
+    , m_all(named("runAllButton", new QPushButton))
+    , m_cancel(named("cancelButton", new QPushButton))
     , m_progress(named("runProgress", new QProgressBar))
     , m_totals(named("runTotals", new QLabel))
     , m_problem(named("runProblem", new QLabel))
@@ -67,7 +67,6 @@ RunDock::RunDock(const CoreSession& session, QWidget* parent)
     m_problem->setStyleSheet(QStringLiteral("color: #b02020"));
 
     m_table->setModel(&m_results);
-    m_table->setAccessibleName(tr("results"));
     m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_table->setWordWrap(false);
     m_table->verticalHeader()->setDefaultSectionSize(m_table->fontMetrics().height() + 4);
@@ -96,23 +95,46 @@ RunDock::RunDock(const CoreSession& session, QWidget* parent)
     connect(m_step, &QPushButton::clicked, this, &RunDock::step);
     connect(m_all, &QPushButton::clicked, this, &RunDock::runAll);
     connect(m_cancel, &QPushButton::clicked, this, &RunDock::cancel);
+    setTexts();
     reset();
+}
+
+void RunDock::setTexts()
+{
+    m_browse->setText(tr("&Open CSV…"));
+    m_once->setText(tr("Run &once"));
+    m_step->setText(tr("&Step"));
+    m_all->setText(tr("Run &all"));
+    m_cancel->setText(tr("&Cancel"));
+    m_once->setToolTip(tr("Judges the first row."));
+    m_step->setToolTip(tr("Judges the next row."));
+    m_all->setToolTip(tr("Judges all rows from the first."));
+    m_source->setItemText(0, tr("values of the flow"));
+    m_source->setAccessibleName(tr("sample values"));
+    m_table->setAccessibleName(tr("results"));
+    m_progress->setAccessibleName(tr("part of the file that is judged"));
+    m_condition->setAccessibleName(tr("condition shown"));
+    m_histogram->setAccessibleName(tr("values of the condition"));
+}
+
+void RunDock::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::LanguageChange) {
+        setTexts();
+        showTotals();
+    }
+    QWidget::changeEvent(event);
 }
 
 QWidget* RunDock::createSourceRow()
 {
-    m_source->setAccessibleName(tr("sample values"));
     m_source->setSizeAdjustPolicy(QComboBox::AdjustToContents);
-    m_source->addItem(tr("values of the flow"));
+    m_source->addItem(QString());
     const QString samples = samplesOf(m_session.flowFile());
     if (QFileInfo::exists(samples)) {
         addFile(samples);
     }
-    m_once->setToolTip(tr("Judges the first row."));
-    m_step->setToolTip(tr("Judges the next row."));
-    m_all->setToolTip(tr("Judges all rows from the first."));
     m_progress->setRange(0, progressSteps);
-    m_progress->setAccessibleName(tr("part of the file that is judged"));
 
     auto* const row = new QWidget;
     auto* const layout = new QHBoxLayout(row);
@@ -127,8 +149,6 @@ QWidget* RunDock::createSourceRow()
 
 QWidget* RunDock::createConditionPart()
 {
-    m_condition->setAccessibleName(tr("condition shown"));
-    m_histogram->setAccessibleName(tr("values of the condition"));
     auto* const part = new QWidget;
     auto* const layout = new QVBoxLayout(part);
     layout->setContentsMargins({});

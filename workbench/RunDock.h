@@ -29,7 +29,11 @@ public:
     /// Only an If module can be run.
     void showModule(unsigned int moduleId);
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private:
+    void setTexts();
     QWidget* createSourceRow();
     QWidget* createConditionPart();
     void chooseFile();
