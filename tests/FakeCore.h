@@ -42,12 +42,7 @@ public:
     ZelCore::UInt lastTimeOut = 0;
 
 private:
-    struct Answer
-    {
-        QString line;
-        std::function<ZelCore::CommandResult()> apply;
-    };
-    Answer answerTo(ZelCore::ICommand& command);
+    ZelCore::CommandResult apply(ZelCore::ICommand& command);
 
     QStringList m_commands;
     int m_count = 0;

@@ -2,6 +2,7 @@
 
 #include "CoreSession.h"
 #include "ShownConditions.h"
+#include "ZelCommon/CommandText.h"
 
 #include <QEvent>
 #include <QHeaderView>
@@ -41,7 +42,11 @@ InspectorView::InspectorView(CoreSession& session, QWidget* parent)
     m_refresh.setSingleShot(true);
     m_refresh.setInterval(0);
     connect(&m_refresh, &QTimer::timeout, this, &InspectorView::refresh);
-    connect(&session.tap(), &CommandTap::executed, &m_refresh, qOverload<>(&QTimer::start));
+    connect(&session.tap(), &CommandTap::executed, this, [this] {
+        if (!m_refresh.isActive()) {
+            m_refresh.start();
+        }
+    });
 }
 
 void InspectorView::setModule(unsigned int moduleId, QWidget* panel)
@@ -96,7 +101,7 @@ void InspectorView::refresh()
     m_summary->setText(tr("Mode: %1. Stored list, bytes: %2")
                            .arg(configuration->combinesAll() ? tr("all must be met") : tr("any suffices"),
                                 QString::number(configuration->ifText().size())));
-    m_bytes->setPlainText(ModuleInspection::visible(configuration->ifText()));
+    m_bytes->setPlainText(CommandText::visible(configuration->ifText().toStdString()));
 }
 
 void InspectorView::showEvent(QShowEvent* event)

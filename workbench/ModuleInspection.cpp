@@ -1,6 +1,7 @@
 #include "ModuleInspection.h"
 
 #include "EmbeddedCore/StoredWords.h"
+#include "ZelCommon/CommandText.h"
 
 #include <algorithm>
 
@@ -25,22 +26,6 @@ QString typeOf(const StoredCondition& condition)
 }
 
 } // namespace
-
-QString ModuleInspection::visible(const QByteArray& bytes)
-{
-    const QString decoded = QString::fromUtf8(bytes.constData(), bytes.size()); // past any NUL
-    QString text;
-    for (const QChar c : decoded) {
-        if (c.isNull()) {
-            text += QStringLiteral("\\0");
-        } else if (!c.isPrint() && !c.isSurrogate()) {
-            text += QStringLiteral("\\u%1").arg(c.unicode(), 4, 16, QLatin1Char('0'));
-        } else {
-            text += c;
-        }
-    }
-    return text;
-}
 
 QStringList ModuleInspection::conditionColumns()
 {
@@ -140,7 +125,7 @@ ModuleInspection::Rows ModuleInspection::values(const ModuleConfiguration& confi
     Rows rows;
     const auto add = [&rows](const QString& kind, const QMap<QString, QByteArray>& values) {
         for (auto it = values.cbegin(); it != values.cend(); ++it) {
-            rows << Row{{kind, it.key(), visible(it.value())}, QString()};
+            rows << Row{{kind, it.key(), CommandText::visible(it.value().toStdString())}, QString()};
         }
     };
     add(tr("run parameter"), configuration.runParameters);

@@ -34,7 +34,4 @@ public:
     static QStringList valueColumns();
     /// Run parameters and UI data.
     static Rows values(const ModuleConfiguration& configuration);
-
-    /// Bytes as one line of text: what can't be shown is escaped, \0 for a NUL.
-    static QString visible(const QByteArray& bytes);
 };

@@ -146,18 +146,6 @@ CommandResult EmbeddedCore::Execute(ICommand& command)
                     SetFilterSourceCommand, GetFilterSourceCommand, DelFilterSourceCommand>(command);
 }
 
-CommandResult EmbeddedCore::Execute(const void*, ICommand& command)
-{
-    return Execute(command);
-}
-
-std::future<CommandResult> EmbeddedCore::ExecuteAsync(const void*, ICommand& command)
-{
-    std::promise<CommandResult> promise;
-    promise.set_value(Execute(command));
-    return promise.get_future();
-}
-
 template <typename... Commands>
 CommandResult EmbeddedCore::dispatch(ICommand& command)
 {

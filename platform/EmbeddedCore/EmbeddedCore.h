@@ -3,6 +3,7 @@
 #include "Flow.h"
 #include "ModuleConfiguration.h"
 #include "ZelCommon/FilterSourceCommands.h"
+#include "ZelCommon/SynchronousService.h"
 #include "core_client/core_client.h"
 
 #include <QCoreApplication>
@@ -15,7 +16,7 @@ class Store;
 /// A platform core inside the process: executes the whole catalogue of commands on a flow and a durable
 /// store. GUI thread only. Whatever is wrong with a command or the store is told as Failed with a
 /// message; nothing is half done then.
-class EmbeddedCore : public ZelCore::ICommandService
+class EmbeddedCore : public ZelCore::SynchronousService
 {
     Q_DECLARE_TR_FUNCTIONS(EmbeddedCore)
 
@@ -31,10 +32,8 @@ public:
     /// does not have and when the store can't be read.
     std::optional<ModuleConfiguration> configuration(ZelCore::UInt moduleId, QString* error) const;
 
+    using SynchronousService::Execute;
     ZelCore::CommandResult Execute(ZelCore::ICommand& command) override;
-    ZelCore::CommandResult Execute(const void* sender, ZelCore::ICommand& command) override;
-    /// Executed before it returns; the future is ready.
-    std::future<ZelCore::CommandResult> ExecuteAsync(const void* sender, ZelCore::ICommand& command) override;
 
 private:
     using SubscribeTreeQuery =

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "core_client/ICommandService.h"
+
+#include <exception>
+#include <future>
+
+namespace ZelCore {
+
+/// A service that treats every sender alike and executes each command before it returns.
+class SynchronousService : public ICommandService
+{
+public:
+    using ICommandService::Execute;
+    CommandResult Execute(const void*, ICommand& command) final { return Execute(command); }
+    /// The future is ready, with a result or an exception.
+    std::future<CommandResult> ExecuteAsync(const void*, ICommand& command) final
+    {
+        std::promise<CommandResult> promise;
+        try {
+            promise.set_value(Execute(command));
+        } catch (...) {
+            promise.set_exception(std::current_exception());
+        }
+        return promise.get_future();
+    }
+};
+
+} // namespace ZelCore
