@@ -20,7 +20,7 @@ update() {
     source_language=$1 catalogue=$2 languages=$3
     shift 3
     for language in $languages; do
-        lupdate -silent -no-obsolete -locations none -no-recursive -extensions cpp,h,ui \
+        lupdate -silent -disable-heuristic sametext -disable-heuristic similartext -disable-heuristic number -no-obsolete -locations none -no-recursive -extensions cpp,h,ui \
             -source-language "$source_language" -target-language "$language" \
             "$@" -ts "$target/${catalogue}_$language.ts"
     done

@@ -9,7 +9,8 @@ using ZelCore::ICommandService;
 CoreSession::CoreSession(QString flowFile, std::unique_ptr<EmbeddedCore> core)
     : m_flowFile(std::move(flowFile))
     , m_core(std::move(core))
-    , m_tap(*m_core)
+    , m_faults(*m_core)
+    , m_tap(m_faults)
 {
     ICommandService* const service = &m_tap;
     IocContainar& container = IocContainar::Instance();

@@ -2,6 +2,7 @@
 
 #include "CommandTap.h"
 #include "EmbeddedCore/EmbeddedCore.h"
+#include "FaultInjector.h"
 
 #include <memory>
 
@@ -18,11 +19,13 @@ public:
     const EmbeddedCore& core() const { return *m_core; }
     /// What the panels talk to.
     CommandTap& tap() { return m_tap; }
+    FaultInjector& faults() { return m_faults; }
     QString flowFile() const { return m_flowFile; }
     QString storeFile() const { return m_core->storeFile(); }
 
 private:
     QString m_flowFile;
     std::unique_ptr<EmbeddedCore> m_core;
+    FaultInjector m_faults;
     CommandTap m_tap;
 };

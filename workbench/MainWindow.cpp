@@ -1,6 +1,8 @@
 #include "MainWindow.h"
 
+#include "CommandLogView.h"
 #include "CoreSession.h"
+#include "FaultsView.h"
 #include "InspectorView.h"
 #include "PanelPlugin.h"
 #include "RunDock.h"
@@ -44,6 +46,7 @@ MainWindow::MainWindow(CoreSession& session, const PanelPlugin& plugin, Workbenc
     , m_pages(new QStackedWidget)
     , m_flowLabel(new QLabel)
     , m_storeLabel(new QLabel)
+    , m_faultLabel(new QLabel)
 {
     resize(1400, 860);
     setAcceptDrops(true);
@@ -69,7 +72,13 @@ MainWindow::MainWindow(CoreSession& session, const PanelPlugin& plugin, Workbenc
     auto* const runDock = new RunDock(session);
     addDock(QStringLiteral("runDock"), runDock, Qt::BottomDockWidgetArea);
     connect(this, &MainWindow::currentModuleChanged, runDock, &RunDock::showModule);
-    resizeDocks({findChild<QDockWidget*>(QStringLiteral("inspectorDock"))}, {480}, Qt::Horizontal);
+    addDock(QStringLiteral("commandLogDock"), new CommandLogView(session.tap()), Qt::BottomDockWidgetArea);
+    addDock(QStringLiteral("faultsDock"), new FaultsView(session.faults()), Qt::RightDockWidgetArea);
+    tabifyDockWidget(dock("runDock"), dock("commandLogDock"));
+    tabifyDockWidget(dock("inspectorDock"), dock("faultsDock"));
+    dock("runDock")->raise();
+    dock("inspectorDock")->raise();
+    resizeDocks({dock("inspectorDock")}, {480}, Qt::Horizontal);
 
     m_flowLabel->setObjectName(QStringLiteral("flowLabel"));
     m_storeLabel->setObjectName(QStringLiteral("storeLabel"));
@@ -77,6 +86,13 @@ MainWindow::MainWindow(CoreSession& session, const PanelPlugin& plugin, Workbenc
         label->setContentsMargins(4, 0, 12, 0);
         statusBar()->addWidget(label);
     }
+
+    m_faultLabel->setObjectName(QStringLiteral("faultLabel"));
+    m_faultLabel->setStyleSheet(QStringLiteral("background: #b02020; color: white; padding: 0 8px"));
+    statusBar()->addPermanentWidget(m_faultLabel);
+    const auto showFaults = [this] { m_faultLabel->setVisible(m_session.faults().plan().isArmed()); };
+    connect(&session.faults(), &FaultInjector::planChanged, this, showFaults);
+    showFaults();
 
     setTexts();
     restoreGeometry(settings.windowGeometry());
@@ -129,9 +145,12 @@ void MainWindow::setTexts()
     m_storeLabel->setText(tr("Store: %1").arg(QFileInfo(m_session.storeFile()).fileName()));
     m_storeLabel->setToolTip(QFileInfo(m_session.storeFile()).absoluteFilePath());
     const QHash<QString, QString> dockTitles = {{QStringLiteral("inspectorDock"), tr("Inspector")},
-                                                {QStringLiteral("runDock"), tr("Run")}};
-    for (QDockWidget* const dock : findChildren<QDockWidget*>()) {
-        dock->setWindowTitle(dockTitles.value(dock->objectName()));
+                                                {QStringLiteral("runDock"), tr("Run")},
+                                                {QStringLiteral("commandLogDock"), tr("Commands")},
+                                                {QStringLiteral("faultsDock"), tr("Faults")}};
+    m_faultLabel->setText(tr("Faults are armed"));
+    for (QDockWidget* const each : findChildren<QDockWidget*>()) {
+        each->setWindowTitle(dockTitles.value(each->objectName()));
     }
     for (const Page& page : qAsConst(m_pageOf)) {
         if (page.text) {
@@ -231,11 +250,16 @@ void MainWindow::showCurrentModule()
 
 void MainWindow::addDock(const QString& name, QWidget* content, Qt::DockWidgetArea area)
 {
-    auto* const dock = new QDockWidget(this);
-    dock->setObjectName(name);
-    dock->setWidget(content);
-    addDockWidget(area, dock);
-    m_viewMenu->addAction(dock->toggleViewAction());
+    auto* const added = new QDockWidget(this);
+    added->setObjectName(name);
+    added->setWidget(content);
+    addDockWidget(area, added);
+    m_viewMenu->addAction(added->toggleViewAction());
+}
+
+QDockWidget* MainWindow::dock(const char* name) const
+{
+    return findChild<QDockWidget*>(QString::fromLatin1(name));
 }
 
 MainWindow::Page MainWindow::createPage(const FlowModule& module)

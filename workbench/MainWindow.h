@@ -7,6 +7,7 @@
 
 class CoreSession;
 class PanelPlugin;
+class QDockWidget;
 class QLabel;
 class QListView;
 class QMenu;
@@ -53,6 +54,7 @@ private:
     Page createPage(const FlowModule& module);
     /// Adds a dock of this name at an edge, and its switch to the menu of views.
     void addDock(const QString& name, QWidget* content, Qt::DockWidgetArea area);
+    QDockWidget* dock(const char* name) const;
     void createMenus();
     void setTexts();
     void showCurrentModule();
@@ -69,6 +71,7 @@ private:
     QHash<unsigned int, Page> m_pageOf;
     QLabel* m_flowLabel;
     QLabel* m_storeLabel;
+    QLabel* m_faultLabel;
     QMenu* m_fileMenu;
     QMenu* m_recentMenu;
     QMenu* m_viewMenu;

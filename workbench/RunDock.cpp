@@ -101,14 +101,18 @@ RunDock::RunDock(const CoreSession& session, QWidget* parent)
 
 void RunDock::setTexts()
 {
-    m_browse->setText(tr("&Open CSV…"));
-    m_once->setText(tr("Run &once"));
-    m_step->setText(tr("&Step"));
-    m_all->setText(tr("Run &all"));
-    m_cancel->setText(tr("&Cancel"));
-    m_once->setToolTip(tr("Judges the first row."));
-    m_step->setToolTip(tr("Judges the next row."));
-    m_all->setToolTip(tr("Judges all rows from the first."));
+    m_browse->setText(tr("Open CSV…"));
+    m_once->setText(tr("Run once"));
+    m_step->setText(tr("Step"));
+    m_all->setText(tr("Run all"));
+    m_cancel->setText(tr("Cancel"));
+    m_once->setToolTip(tr("Judges the first row (F8)."));
+    m_step->setToolTip(tr("Judges the next row (F10)."));
+    m_all->setToolTip(tr("Judges all rows from the first (F9)."));
+    // A new text takes a button's shortcut away.
+    m_once->setShortcut(Qt::Key_F8);
+    m_step->setShortcut(Qt::Key_F10);
+    m_all->setShortcut(Qt::Key_F9);
     m_source->setItemText(0, tr("values of the flow"));
     m_source->setAccessibleName(tr("sample values"));
     m_table->setAccessibleName(tr("results"));

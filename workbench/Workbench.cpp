@@ -24,6 +24,7 @@ bool Workbench::open(const QString& flowFile, QString* error)
     if (!flow) {
         return false;
     }
+    const bool isFirst = !m_session;
     const auto moduleId = m_session ? std::optional(flow->firstIfId()) : m_options.moduleOf(*flow, error);
     if (!moduleId) {
         return false;
@@ -39,6 +40,11 @@ bool Workbench::open(const QString& flowFile, QString* error)
     }
     close();
     m_session = std::make_unique<CoreSession>(flowFile, std::move(core));
+    if (isFirst) {
+        for (const Fault& fault : m_options.faults()) {
+            m_session->faults().arm(fault);
+        }
+    }
     m_window = std::make_unique<MainWindow>(*m_session, *m_plugin, m_settings);
     connect(m_window.get(), &MainWindow::flowChosen, this, &Workbench::showFlow, Qt::QueuedConnection);
     connect(m_window.get(), &MainWindow::languageChosen, this, &Workbench::setLanguage);

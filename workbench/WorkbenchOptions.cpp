@@ -14,6 +14,7 @@ const QString pluginOption = QStringLiteral("plugin");
 const QString screenshotOption = QStringLiteral("screenshot");
 const QString runOption = QStringLiteral("run");
 const QString dumpOption = QStringLiteral("dump");
+const QString faultOption = QStringLiteral("fault");
 const QString helpOption = QStringLiteral("help");
 const QString versionOption = QStringLiteral("version");
 
@@ -32,6 +33,10 @@ WorkbenchOptions::WorkbenchOptions()
         {runOption, tr("Judge the rows of a CSV file, print the results as CSV and end; needs no display."),
          tr("file.csv")},
         {dumpOption, tr("Print all that the store holds for the module as JSON and end; needs no display.")},
+        {faultOption,
+         tr("Arm a fault, such as kind=SetBinaryData,parameter=IFText,when=next,answer=Failed,message=full. "
+            "May be given again."),
+         tr("fault")},
         {helpOption, tr("Show this text.")},
         {versionOption, tr("Show the version.")},
     });
@@ -54,6 +59,14 @@ bool WorkbenchOptions::parse(const QStringList& arguments, QString* error)
     if (m_parser.isSet(runOption) && runFile().isEmpty()) {
         *error = tr("--run needs the name of a file.");
         return false;
+    }
+    const QStringList faults = m_parser.values(faultOption);
+    for (const QString& text : faults) {
+        const auto fault = FaultPlan::parse(text, error);
+        if (!fault) {
+            return false;
+        }
+        m_faults << *fault;
     }
     if (m_parser.isSet(moduleOption)) {
         bool isNumber = false;

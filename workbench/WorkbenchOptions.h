@@ -1,6 +1,7 @@
 #pragma once
 
 #include "EmbeddedCore/Flow.h"
+#include "FaultPlan.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -28,6 +29,8 @@ public:
 
     /// Where to write a picture of the window; empty for a window that stays open.
     QString screenshotFile() const;
+    /// Faults to arm in the first flow's core.
+    QVector<Fault> faults() const { return m_faults; }
     /// The CSV file whose rows to judge without a window; empty for none.
     QString runFile() const;
     /// Whether to print what the core holds for the module, without a window.
@@ -47,4 +50,5 @@ private:
 
     QCommandLineParser m_parser;
     std::optional<unsigned int> m_moduleId;
+    QVector<Fault> m_faults;
 };

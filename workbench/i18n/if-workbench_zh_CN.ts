@@ -2,6 +2,135 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="zh_CN" sourcelanguage="en">
 <context>
+    <name>CommandLogModel</name>
+    <message>
+        <source>No.</source>
+        <translation>序号</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>时间</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>种类</translation>
+    </message>
+    <message>
+        <source>Module</source>
+        <translation>模块</translation>
+    </message>
+    <message>
+        <source>Parameter</source>
+        <translation>参数</translation>
+    </message>
+    <message>
+        <source>Content</source>
+        <translation>内容</translation>
+    </message>
+    <message>
+        <source>Status</source>
+        <translation>状态</translation>
+    </message>
+    <message>
+        <source>Message</source>
+        <translation>消息</translation>
+    </message>
+    <message>
+        <source>µs</source>
+        <translation>µs</translation>
+    </message>
+</context>
+<context>
+    <name>CommandLogView</name>
+    <message>
+        <source>filter</source>
+        <translation>筛选</translation>
+    </message>
+    <message>
+        <source>filter of the commands</source>
+        <translation>命令筛选</translation>
+    </message>
+    <message>
+        <source>commands</source>
+        <translation>命令</translation>
+    </message>
+    <message>
+        <source>Copies the selected rows, or all that are shown.</source>
+        <translation>复制所选行，未选时复制全部显示的行。</translation>
+    </message>
+    <message>
+        <source>Saves the selected rows, or all that are shown, as JSON lines.</source>
+        <translation>以 JSON 行保存所选行，未选时保存全部显示的行。</translation>
+    </message>
+    <message>
+        <source>Save commands</source>
+        <translation>保存命令</translation>
+    </message>
+    <message>
+        <source>JSON lines (*.jsonl)</source>
+        <translation>JSON 行 (*.jsonl)</translation>
+    </message>
+    <message>
+        <source>The file %1 can&apos;t be written: %2</source>
+        <translation>无法写入文件 %1：%2</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>暂停</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>清除</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>复制</translation>
+    </message>
+    <message>
+        <source>Save…</source>
+        <translation>保存…</translation>
+    </message>
+</context>
+<context>
+    <name>CsvReader</name>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1：%2</translation>
+    </message>
+    <message>
+        <source>%1: the file is empty</source>
+        <translation>%1：文件为空</translation>
+    </message>
+    <message>
+        <source>there is no column %1</source>
+        <translation>没有列 %1</translation>
+    </message>
+    <message>
+        <source>%1 columns have the name %2</source>
+        <translation>有 %1 列名为 %2</translation>
+    </message>
+    <message>
+        <source>%1 fields where the header has %2</source>
+        <translation>有 %1 个字段，而表头有 %2 个</translation>
+    </message>
+    <message>
+        <source>%1: line %2: %3</source>
+        <translation>%1：第 %2 行：%3</translation>
+    </message>
+    <message>
+        <source>a quote is not closed</source>
+        <translation>引号未闭合</translation>
+    </message>
+    <message>
+        <source>text behind a closing quote</source>
+        <translation>闭合引号后有文本</translation>
+    </message>
+    <message>
+        <source>the row is too long; perhaps a quote is not closed</source>
+        <translation>该行过长，可能引号未闭合</translation>
+    </message>
+</context>
+<context>
     <name>EmbeddedCore</name>
     <message>
         <source>%1 is too long: at most %2 bytes</source>
@@ -69,6 +198,88 @@
     </message>
 </context>
 <context>
+    <name>FaultPlan</name>
+    <message>
+        <source>The fault &apos;%1&apos; is not understood: %2</source>
+        <translation>无法理解故障“%1”：%2</translation>
+    </message>
+    <message>
+        <source>kind is one of %1</source>
+        <translation>kind 应为 %1 之一</translation>
+    </message>
+    <message>
+        <source>when is next, every or a number from 1</source>
+        <translation>when 应为 next、every 或从 1 起的数字</translation>
+    </message>
+    <message>
+        <source>answer is one of %1</source>
+        <translation>answer 应为 %1 之一</translation>
+    </message>
+    <message>
+        <source>its parts are kind, parameter, when, answer and message</source>
+        <translation>其组成为 kind、parameter、when、answer 和 message</translation>
+    </message>
+</context>
+<context>
+    <name>FaultsView</name>
+    <message>
+        <source>any</source>
+        <translation>任意</translation>
+    </message>
+    <message>
+        <source>the next one</source>
+        <translation>下一个</translation>
+    </message>
+    <message>
+        <source>the n-th one</source>
+        <translation>第 n 个</translation>
+    </message>
+    <message>
+        <source>every one</source>
+        <translation>每一个</translation>
+    </message>
+    <message>
+        <source>Command</source>
+        <translation>命令</translation>
+    </message>
+    <message>
+        <source>Parameter</source>
+        <translation>参数</translation>
+    </message>
+    <message>
+        <source>Strikes</source>
+        <translation>作用于</translation>
+    </message>
+    <message>
+        <source>n</source>
+        <translation>n</translation>
+    </message>
+    <message>
+        <source>Answer</source>
+        <translation>应答</translation>
+    </message>
+    <message>
+        <source>Message</source>
+        <translation>消息</translation>
+    </message>
+    <message>
+        <source>Delay: the command takes 2 s, then goes on.</source>
+        <translation>Delay：命令耗时 2 秒后继续。</translation>
+    </message>
+    <message>
+        <source>Armed:</source>
+        <translation>已启用：</translation>
+    </message>
+    <message>
+        <source>Arm</source>
+        <translation>启用</translation>
+    </message>
+    <message>
+        <source>Disarm all</source>
+        <translation>全部停用</translation>
+    </message>
+</context>
+<context>
     <name>Flow</name>
     <message>
         <source>%1: expected %2</source>
@@ -132,6 +343,28 @@
     </message>
 </context>
 <context>
+    <name>Headless</name>
+    <message>
+        <source>Standard output can&apos;t be written: %1</source>
+        <translation>无法写入标准输出：%1</translation>
+    </message>
+</context>
+<context>
+    <name>HistogramView</name>
+    <message>
+        <source>%1 values from %2 to %3</source>
+        <translation>%1 个值，从 %2 到 %3</translation>
+    </message>
+    <message>
+        <source>no values</source>
+        <translation>没有数值</translation>
+    </message>
+    <message>
+        <source>range %1 to %2</source>
+        <translation>范围 %1 到 %2</translation>
+    </message>
+</context>
+<context>
     <name>InspectorView</name>
     <message>
         <source>Conditions</source>
@@ -164,6 +397,53 @@
     <message>
         <source>Mode: %1. Stored list, bytes: %2</source>
         <translation>模式：%1。已存列表，字节数：%2</translation>
+    </message>
+</context>
+<context>
+    <name>Judgement</name>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1：%2</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; is no number</source>
+        <translation>“%1”不是数字</translation>
+    </message>
+    <message>
+        <source>%1 is within %2 to %3</source>
+        <translation>%1 在 %2 到 %3 之间</translation>
+    </message>
+    <message>
+        <source>the minimum %1 is above the maximum %2</source>
+        <translation>最小值 %1 大于最大值 %2</translation>
+    </message>
+    <message>
+        <source>%1 is below %2</source>
+        <translation>%1 小于 %2</translation>
+    </message>
+    <message>
+        <source>%1 is above %2</source>
+        <translation>%1 大于 %2</translation>
+    </message>
+    <message>
+        <source>minimum</source>
+        <translation>最小值</translation>
+    </message>
+    <message>
+        <source>maximum</source>
+        <translation>最大值</translation>
+    </message>
+    <message>
+        <source>not bound</source>
+        <translation>未绑定</translation>
+    </message>
+    <message>
+        <source>the flow gives %1 no column</source>
+        <translation>流程未给 %1 指定列</translation>
+    </message>
+    <message>
+        <source>the flow gives %1 no value</source>
+        <translation>流程未给 %1 赋值</translation>
     </message>
 </context>
 <context>
@@ -231,6 +511,22 @@
     <message>
         <source>&lt;b&gt;If Workbench %1&lt;/b&gt;&lt;p&gt;Shows an inspection flow and the configuration panels of its If modules.&lt;p&gt;Qt %2</source>
         <translation>&lt;b&gt;If 工作台 %1&lt;/b&gt;&lt;p&gt;显示检测流程及其 If 模块的配置面板。&lt;p&gt;Qt %2</translation>
+    </message>
+    <message>
+        <source>Run</source>
+        <translation>运行</translation>
+    </message>
+    <message>
+        <source>Commands</source>
+        <translation>命令</translation>
+    </message>
+    <message>
+        <source>Faults</source>
+        <translation>故障</translation>
+    </message>
+    <message>
+        <source>Faults are armed</source>
+        <translation>故障已启用</translation>
     </message>
 </context>
 <context>
@@ -340,6 +636,119 @@
     </message>
 </context>
 <context>
+    <name>ResultModel</name>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>not OK</source>
+        <translation>不合格</translation>
+    </message>
+    <message>
+        <source>Line</source>
+        <translation>行</translation>
+    </message>
+    <message>
+        <source>Result</source>
+        <translation>结果</translation>
+    </message>
+</context>
+<context>
+    <name>RunDock</name>
+    <message>
+        <source>values of the flow</source>
+        <translation>流程的数值</translation>
+    </message>
+    <message>
+        <source>sample values</source>
+        <translation>样本值</translation>
+    </message>
+    <message>
+        <source>results</source>
+        <translation>结果</translation>
+    </message>
+    <message>
+        <source>part of the file that is judged</source>
+        <translation>文件中已判断的部分</translation>
+    </message>
+    <message>
+        <source>condition shown</source>
+        <translation>显示的条件</translation>
+    </message>
+    <message>
+        <source>values of the condition</source>
+        <translation>条件的数值</translation>
+    </message>
+    <message>
+        <source>Sample values</source>
+        <translation>样本值</translation>
+    </message>
+    <message>
+        <source>Comma-separated values (*.csv);;All files (*)</source>
+        <translation>逗号分隔值 (*.csv);;所有文件 (*)</translation>
+    </message>
+    <message>
+        <source>nothing judged yet</source>
+        <translation>尚未判断</translation>
+    </message>
+    <message>
+        <source>; the table shows the first %1</source>
+        <translation>；表格只显示前 %1 行</translation>
+    </message>
+    <message>
+        <source>; no further rows</source>
+        <translation>；没有更多行</translation>
+    </message>
+    <message>
+        <source>Open CSV…</source>
+        <translation>打开 CSV…</translation>
+    </message>
+    <message>
+        <source>Run once</source>
+        <translation>运行一次</translation>
+    </message>
+    <message>
+        <source>Step</source>
+        <translation>单步</translation>
+    </message>
+    <message>
+        <source>Run all</source>
+        <translation>全部运行</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>Judges the first row (F8).</source>
+        <translation>判断第一行（F8）。</translation>
+    </message>
+    <message>
+        <source>Judges the next row (F10).</source>
+        <translation>判断下一行（F10）。</translation>
+    </message>
+    <message>
+        <source>Judges all rows from the first (F9).</source>
+        <translation>从第一行起判断所有行（F9）。</translation>
+    </message>
+</context>
+<context>
+    <name>SampleRun</name>
+    <message>
+        <source>%1 in, %2 out, %3 without value</source>
+        <translation>范围内 %1，范围外 %2，无值 %3</translation>
+    </message>
+    <message>
+        <source>no rows</source>
+        <translation>没有行</translation>
+    </message>
+    <message>
+        <source>%1 rows, %2 OK, %3 not OK, pass rate %4 %</source>
+        <translation>共 %1 行，OK %2，不合格 %3，合格率 %4 %</translation>
+    </message>
+</context>
+<context>
     <name>Screenshot</name>
     <message>
         <source>The picture %1 can&apos;t be written: %2</source>
@@ -382,13 +791,6 @@
     </message>
 </context>
 <context>
-    <name>Workbench</name>
-    <message>
-        <source>The flow %1 has no module %2.</source>
-        <translation>流程 %1 没有模块 %2。</translation>
-    </message>
-</context>
-<context>
     <name>WorkbenchApplication</name>
     <message>
         <source>The core or a panel failed; the last action may be incomplete.
@@ -416,10 +818,6 @@
     <message>
         <source>Store of the modules&apos; parameters, made when it is missing.</source>
         <translation>模块参数的存储，不存在时新建。</translation>
-    </message>
-    <message>
-        <source>Module to show first.</source>
-        <translation>首先显示的模块。</translation>
     </message>
     <message>
         <source>id</source>
@@ -453,6 +851,42 @@
         <source>&apos;%1&apos; is no module id.</source>
         <translation>“%1”不是模块编号。</translation>
     </message>
+    <message>
+        <source>Module to show first, to run or to dump.</source>
+        <translation>首先显示、运行或导出的模块。</translation>
+    </message>
+    <message>
+        <source>Judge the rows of a CSV file, print the results as CSV and end; needs no display.</source>
+        <translation>判断 CSV 文件的各行，以 CSV 打印结果后结束，无需显示器。</translation>
+    </message>
+    <message>
+        <source>file.csv</source>
+        <translation>文件.csv</translation>
+    </message>
+    <message>
+        <source>Print all that the store holds for the module as JSON and end; needs no display.</source>
+        <translation>以 JSON 打印存储中该模块的全部内容后结束，无需显示器。</translation>
+    </message>
+    <message>
+        <source>Arm a fault, such as kind=SetBinaryData,parameter=IFText,when=next,answer=Failed,message=full. May be given again.</source>
+        <translation>启用故障，例如 kind=SetBinaryData,parameter=IFText,when=next,answer=Failed,message=full。可重复给出。</translation>
+    </message>
+    <message>
+        <source>fault</source>
+        <translation>故障</translation>
+    </message>
+    <message>
+        <source>--run, --dump and --screenshot exclude each other.</source>
+        <translation>--run、--dump 和 --screenshot 不能同时使用。</translation>
+    </message>
+    <message>
+        <source>--run needs the name of a file.</source>
+        <translation>--run 需要文件名。</translation>
+    </message>
+    <message>
+        <source>The flow %1 has no module %2.</source>
+        <translation>流程 %1 没有模块 %2。</translation>
+    </message>
 </context>
 <context>
     <name>main</name>
@@ -463,6 +897,14 @@
     <message>
         <source>There is no display. --screenshot FILE.png writes a picture without one.</source>
         <translation>没有显示器。--screenshot FILE.png 无需显示器即可写入图片。</translation>
+    </message>
+    <message>
+        <source>Module %1 is no If module.</source>
+        <translation>模块 %1 不是 If 模块。</translation>
+    </message>
+    <message>
+        <source>The flow %1 has no If module.</source>
+        <translation>流程 %1 没有 If 模块。</translation>
     </message>
 </context>
 </TS>
