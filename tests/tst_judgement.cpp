@@ -134,6 +134,12 @@ void tst_judgement::unbound()
     }
     QCOMPARE(reasons, QStringList({"none not bound", "none it is gone", "none the flow gives 5. no column"}));
 
+    // A value without a column is the same for every row.
+    configuration.bindings.last().value = 12;
+    const auto second = SampleRun::open(configuration, tableOf("a\n15\n"), &error);
+    QVERIFY(second && second->next(&error));
+    QCOMPARE(second->results().last().reason(), QStringLiteral("12 is within 10 to 20"));
+
     bind(configuration, SUBSCRIBE_TYPE_IO, inputIo("int0"), QStringLiteral("b"));
     QVERIFY(!SampleRun::open(configuration, tableOf("a\n15\n"), &error));
     QVERIFY2(error.contains("column b"), qPrintable(error));

@@ -20,7 +20,7 @@
 namespace {
 constexpr int flushInterval = 50; // ms
 // Of number, time, kind, module, parameter, content, status, message; the last column takes the rest.
-constexpr int columnWidths[] = {60, 110, 150, 70, 180, 400, 120, 180}; // px
+constexpr int columnWidths[] = {60, 110, 150, 70, 180, 330, 120, 180}; // px
 } // namespace
 
 CommandLogView::CommandLogView(CommandTap& tap, QWidget* parent)
@@ -157,6 +157,7 @@ void CommandLogView::save()
 void CommandLogView::showEvent(QShowEvent* event)
 {
     setRecording();
+    m_table->scrollToBottom();
     QWidget::showEvent(event);
 }
 

@@ -76,17 +76,16 @@ Judgement::Operand Judgement::resolved(const ModuleBinding* binding, const CsvRe
         problem = tr("not bound");
     } else if (!binding->missing.isEmpty()) {
         problem = binding->missing;
-    } else if (table) {
-        if (binding->column.isEmpty()) {
-            problem = tr("the flow gives %1 no column").arg(binding->source);
-        } else {
-            operand.column = table->column(binding->column);
-        }
+    } else if (table && !binding->column.isEmpty()) {
+        operand.column = table->column(binding->column);
     } else if (binding->value.isDouble()) {
+        // Without a column it is the same for every row.
         operand.constant = binding->value.toDouble();
+    } else if (!binding->value.isNull()) {
+        problem = noNumber(binding->value.toVariant().toString());
     } else {
-        problem = binding->value.isNull() ? tr("the flow gives %1 no value").arg(binding->source)
-                                          : noNumber(binding->value.toVariant().toString());
+        problem = table ? tr("the flow gives %1 no column").arg(binding->source)
+                        : tr("the flow gives %1 no value").arg(binding->source);
     }
     if (!problem.isEmpty()) {
         operand.problem = named(what, problem);
