@@ -272,6 +272,10 @@ void tst_end_to_end::conditionsAreStoredAndComeBack()
     clickBeside();
     QTRY_COMPARE(list(), QStringLiteral("%int0%:1:%1:objects;%float0%:6.981:28.110:;").arg(dragged));
 
+    // All objects that come with the flow are judged by what was just stored.
+    key(QStringLiteral("F9"));
+    QTRY_VERIFY(wait("runTotals").text.contains("569"));
+
     clickOn("cbox_determineType");
     key(QStringLiteral("Down"));
     key(QStringLiteral("Return"));

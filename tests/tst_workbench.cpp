@@ -1,4 +1,6 @@
 #include <QImage>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QProcess>
 #include <QSqlDatabase>
 #include <QSqlQuery>
@@ -16,6 +18,8 @@ private slots:
     void needsADisplay();
     void helpAndVersion();
     void picture();
+    void goesOnAfterAnException();
+    void runAndDump();
     void oneWorkbenchForAStore();
 
 private:
@@ -69,6 +73,8 @@ void tst_workbench::errors_data()
         {"CreateModuParamConfigInstance"});
     row("no folder for the store", {"--store", "/nowhere/store.sqlite"}, {"/nowhere/store.sqlite"});
     row("damaged store", {"--store", damaged}, {"damaged.sqlite"});
+    row("bad fault", {"--fault", "when=never"}, {"when=never"});
+    row("no samples", {"--run", "/nowhere/samples.csv"}, {"/nowhere/samples.csv"});
     row("picture", {"--screenshot", "/nowhere/picture.png"}, {"/nowhere/picture.png"});
 }
 
@@ -119,6 +125,42 @@ void tst_workbench::picture()
     QVERIFY(modules.next());
     QCOMPARE(modules.value(0).toString(), QStringLiteral("1,3,5,7,9"));
     database.close();
+}
+
+void tst_workbench::goesOnAfterAnException()
+{
+    const QString file = m_folder.filePath(QStringLiteral("exception.png"));
+    QProcess* const workbench =
+        start({"--fault", "answer=Exception,message=core is gone", "--screenshot", file});
+    QVERIFY(workbench->waitForFinished());
+    QCOMPARE(workbench->exitCode(), 0);
+    QVERIFY(workbench->readAllStandardError().contains("core is gone"));
+    QVERIFY(QFile::exists(file));
+}
+
+void tst_workbench::runAndDump()
+{
+    const QString csv = QStringLiteral(SAMPLES_FILE);
+    for (const auto& [mode, result] : {std::pair("1", "OK"), {"2", "not OK"}}) {
+        {
+            auto database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"));
+            database.setDatabaseName(store());
+            QVERIFY(database.open());
+            QSqlQuery(QStringLiteral("UPDATE run_parameter SET value = '%1'").arg(QLatin1String(mode)));
+        }
+        QProcess* const run = start({"--run", csv, "--module", "7"}, QString());
+        QVERIFY(run->waitForFinished());
+        QCOMPARE(run->exitCode(), 0);
+        const QList<QByteArray> lines = run->readAllStandardOutput().trimmed().split('\n');
+        QCOMPARE(lines.size(), 570);
+        QCOMPARE(lines.last(), QByteArray("570,") + result);
+        QVERIFY(run->readAllStandardError().contains("569 rows"));
+    }
+    QProcess* const dump = start({"--dump"}, QString());
+    QVERIFY(dump->waitForFinished());
+    const QJsonObject module = QJsonDocument::fromJson(dump->readAllStandardOutput()).object();
+    QCOMPARE(module["binaryData"].toObject()["IFText"].toString(), QStringLiteral("0"));
+    QCOMPARE(module["runParameters"].toObject()["LogicalMode"].toString(), QStringLiteral("2"));
 }
 
 void tst_workbench::oneWorkbenchForAStore()

@@ -25,6 +25,7 @@ InspectorView::InspectorView(CoreSession& session, QWidget* parent)
     m_summary->setWordWrap(true);
     m_bytes->setObjectName(QStringLiteral("inspectorBytes"));
     m_bytes->setReadOnly(true);
+    m_bytes->setTabChangesFocus(true);
     m_bytes->setMaximumHeight(bytesHeight);
 
     auto* const conditions = new QWidget;
@@ -76,6 +77,9 @@ void InspectorView::setTitles()
     setTabText(1, tr("IOs"));
     setTabText(2, tr("Bindings"));
     setTabText(3, tr("Values"));
+    for (int i = 0; i < count(); ++i) {
+        widget(i)->setAccessibleName(tabText(i));
+    }
     m_bytes->setAccessibleName(tr("stored bytes of the condition list"));
 }
 

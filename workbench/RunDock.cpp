@@ -69,6 +69,7 @@ RunDock::RunDock(const CoreSession& session, QWidget* parent)
     m_table->setModel(&m_results);
     m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_table->setWordWrap(false);
+    m_table->setTabKeyNavigation(false); // Tab leaves the table
     m_table->verticalHeader()->setDefaultSectionSize(m_table->fontMetrics().height() + 4);
     // Columns are fitted to the rows in sight, not to all.
     m_table->horizontalHeader()->setResizeContentsPrecision(0);
