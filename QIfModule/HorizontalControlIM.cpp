@@ -30,6 +30,7 @@ HorizontalControlIM::HorizontalControlIM(int moduleId, QString name, QWidget* pa
 {
     m_iModuId = moduleId;
     m_horlcParent = parent;
+    m_labName.setTextFormat(Qt::PlainText); // a stored name is no markup
     m_labName.setText(name);
 
     try {

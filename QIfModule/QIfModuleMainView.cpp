@@ -8,6 +8,7 @@
 #include "WarningBox.h"
 #include "ui_QIfModuleMainView.h"
 
+#include <QApplication>
 #include <QDebug>
 #include <QEvent>
 #include <QListView>
@@ -119,11 +120,24 @@ bool QIfModuleMainView::eventFilter(QObject* watched, QEvent* event)
                 row->closeMenus();
             }
         }
+        if (event->type() == QEvent::Hide) {
+            finishEdit();
+        }
         break;
     default:
         break;
     }
     return false;
+}
+
+void QIfModuleMainView::finishEdit()
+{
+    // A window that has nothing else to focus leaves the focus in a hidden field, and the edit open until
+    // the next load forgets it.
+    QWidget* const focus = QApplication::focusWidget();
+    if (focus && isAncestorOf(focus)) {
+        focus->clearFocus();
+    }
 }
 
 void QIfModuleMainView::QueryIfModuleInfo()

@@ -53,6 +53,7 @@ private:
     /// The registry owns no row; the list's layout takes it.
     void appendToList(std::unique_ptr<HorizontalControlIM> row);
     void removeAllRows();
+    void finishEdit();
     bool addIo(const QString& ioName, const QString& valueType, ZelCore::IOClass ioClass);
 
     Ui_QIfModuleMainView* ui = nullptr;

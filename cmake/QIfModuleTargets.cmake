@@ -45,10 +45,11 @@ function(qif_add_test name)
     target_link_libraries(${name} PRIVATE Qt5::Test ${arg_LIBRARIES})
     set(environment "LC_ALL=C.UTF-8")
     if(QIFMODULE_SANITIZE)
-        # X11's keyboard library copies strings by their length, which the strict check takes for an error.
+        # X11's keyboard library copies strings by their length, which the strict check takes for an error;
+        # drawing libraries that are unloaded by then can only be told from their callers.
         set(strict $<NOT:$<BOOL:${arg_XVFB}>>)
         list(APPEND environment
-            "ASAN_OPTIONS=detect_leaks=1:strict_string_checks=${strict}:detect_stack_use_after_return=1"
+            "ASAN_OPTIONS=detect_leaks=1:strict_string_checks=${strict}:fast_unwind_on_malloc=${strict}:detect_stack_use_after_return=1"
             "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0"
             "UBSAN_OPTIONS=print_stacktrace=1")
     endif()

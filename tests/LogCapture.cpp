@@ -43,7 +43,8 @@ void LogCapture::handle(QtMsgType type, const QMessageLogContext& context, const
         s_active->m_lines << (qstrcmp(context.category, "default") == 0
                                   ? text
                                   : QString::fromLatin1(context.category) + QLatin1String(": ") + text);
-    } else {
+    } else if (!text.startsWith(
+                   QLatin1String("This plugin does not support "))) { // says the offscreen platform
         s_active->m_warnings << text;
     }
 }

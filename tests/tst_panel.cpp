@@ -278,7 +278,7 @@ void tst_panel::everyEditStoresTheWholeList()
 {
     Fixture f;
     f.show("%int0%:0:100:a;%float0%:0.500:2.250:;");
-    auto* const note = f.at<QLineEdit>("m_ediNote", 1);
+    auto* note = f.at<QLineEdit>("m_ediNote", 1);
     typeInto(note, "hole");
     QCOMPARE(f.core.takeCommands(), QStringList());
     QTest::keyClick(note, Qt::Key_Return);
@@ -294,6 +294,13 @@ void tst_panel::everyEditStoresTheWholeList()
     edit(lower, "50");
     QCOMPARE(lower->text(), QString("0.500"));
     QCOMPARE(f.stored(), QByteArray("%int0%:0:99:a;%float0%:0.500:2.250:hole;"));
+    // Hiding finishes an edit, with nothing else in the window that could take the focus.
+    typeInto(note, "hidden");
+    f.panel->hide();
+    QCOMPARE(f.stored(), QByteArray("%int0%:0:99:a;%float0%:0.500:2.250:hidden;"));
+    f.panel->show();
+    note = f.at<QLineEdit>("m_ediNote", 1);
+    QTRY_VERIFY(note->isVisible());
     // As many bytes as the text has characters: the end is cut.
     edit(note, "孔");
     QCOMPARE(f.stored(), QByteArray("%int0%:0:99:a;%float0%:0.500:2.250:\xe5\xad"));
