@@ -87,10 +87,10 @@ void print()
     s_progress.end = sizeof(base);                                                                           \
     std::printf("QIF_BASE(%s, %s, %zu)\n", #type, #base, sizeof(base));
 #define QIF_FIELD(type, field, offset, size)                                                                 \
-    addField(#type, #field, offsetof(type, field), sizeof(decltype(type::field)),                            \
+    addField(#type, #field, offsetof(type, field), sizeOf<decltype(type::field)>,                            \
              alignof(decltype(type::field)));                                                                \
     std::printf("QIF_FIELD(%s, %s, %zu, %zu)\n", #type, #field, offsetof(type, field),                       \
-                sizeof(decltype(type::field)));
+                sizeOf<decltype(type::field)>);
 #define QIF_VALUE(type, enumerator, value)                                                                   \
     std::printf("QIF_VALUE(%s, %s, %d)\n", #type, #enumerator, static_cast<int>(type::enumerator));
 #define QIF_SLOT(type, function, signature, slot)                                                            \

@@ -17,6 +17,9 @@ using AnyQuery = QueryCommand<BINARY_DATA_CONDITION__, BINARY_DATA__>;
 /// What the host registers, as the container keeps it.
 using ServiceHolder = ZelCommon::Any::Holder<std::function<ICommandService*()>>;
 
+template <typename Type>
+inline constexpr std::size_t sizeOf = sizeof(Type);
+
 static_assert(sizeof(void*) == 8, "the layouts are those of a 64-bit platform");
 
 // Whoever includes the client holds its layouts to the contract, when it is compiled. Only the program
@@ -32,7 +35,7 @@ static_assert(sizeof(void*) == 8, "the layouts are those of a 64-bit platform");
 #define QIF_OPAQUE(type, size, alignment) QIF_RECORD(type, size, alignment)
 #define QIF_BASE(type, base, size) static_assert(std::is_base_of_v<base, type> && sizeof(base) == (size));
 #define QIF_FIELD(type, field, offset, size)                                                                 \
-    static_assert(offsetof(type, field) == (offset) && sizeof(decltype(type::field)) == (size));
+    static_assert(offsetof(type, field) == (offset) && sizeOf<decltype(type::field)> == (size));
 #define QIF_VALUE(type, enumerator, value) static_assert(type::enumerator == (value));
 #define QIF_SLOT(type, function, signature, slot) // known at run time only
 #include "BinaryLayout.h"
