@@ -37,13 +37,11 @@ function(qif_add_executable name)
     qif_configure_target(${name})
 endfunction()
 
-# qif_add_test(<name> [LIBRARIES <targets>...] [XVFB]): a QtTest program from <name>.cpp, run by
-# ctest without a display, or with XVFB on a virtual X server of its own.
-function(qif_add_test name)
-    cmake_parse_arguments(arg "XVFB" "" "LIBRARIES" ${ARGN})
-    qif_add_executable(${name} ${name}.cpp)
-    target_link_libraries(${name} PRIVATE Qt5::Test ${arg_LIBRARIES})
-    set(environment "LC_ALL=C.UTF-8")
+# qif_set_test_environment(<test> [XVFB]): what a ctest entry runs in: without a display, or with XVFB on
+# the X server that its command starts.
+function(qif_set_test_environment test)
+    cmake_parse_arguments(arg "XVFB" "" "" ${ARGN})
+    set(environment "LC_ALL=C.UTF-8" "QT_QPA_PLATFORM=$<IF:$<BOOL:${arg_XVFB}>,xcb,offscreen>")
     if(QIFMODULE_SANITIZE)
         # X11's keyboard library copies strings by their length, which the strict check takes for an error;
         # drawing libraries that are unloaded by then can only be told from their callers.
@@ -53,12 +51,20 @@ function(qif_add_test name)
             "LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/lsan.supp:print_suppressions=0"
             "UBSAN_OPTIONS=print_stacktrace=1")
     endif()
+    set_tests_properties(${test} PROPERTIES ENVIRONMENT "${environment}" TIMEOUT 300)
+endfunction()
+
+# qif_add_test(<name> [LIBRARIES <targets>...] [XVFB]): a QtTest program from <name>.cpp, run by
+# ctest without a display, or with XVFB on a virtual X server of its own.
+function(qif_add_test name)
+    cmake_parse_arguments(arg "XVFB" "" "LIBRARIES" ${ARGN})
+    qif_add_executable(${name} ${name}.cpp)
+    target_link_libraries(${name} PRIVATE Qt5::Test ${arg_LIBRARIES})
     if(arg_XVFB)
         add_test(NAME ${name} COMMAND xvfb-run -a -s "-screen 0 1280x1024x24" $<TARGET_FILE:${name}>)
-        list(APPEND environment "QT_QPA_PLATFORM=xcb")
+        qif_set_test_environment(${name} XVFB)
     else()
         add_test(NAME ${name} COMMAND ${name})
-        list(APPEND environment "QT_QPA_PLATFORM=offscreen")
+        qif_set_test_environment(${name})
     endif()
-    set_tests_properties(${name} PROPERTIES ENVIRONMENT "${environment}" TIMEOUT 300)
 endfunction()

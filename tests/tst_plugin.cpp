@@ -4,7 +4,6 @@
 #include <QLibrary>
 #include <QPointer>
 #include <QProcess>
-#include <QRegularExpression>
 #include <QtTest>
 
 #include <memory>
@@ -15,7 +14,6 @@ class tst_plugin : public QObject
     Q_OBJECT
 
 private slots:
-    void exportsTwoFunctions();
     void namesItsBundles();
     void makesAPanel();
     void refusesWhatIsNoPanel();
@@ -28,31 +26,14 @@ private:
     }
     using Create = bool(unsigned int, QWidget*, QWidget**);
     using LangChanged = bool(QWidget*);
-
-    static QString symbols(const QStringList& arguments)
-    {
-        QProcess nm;
-        nm.start(QStringLiteral("nm"), arguments + QStringList(QStringLiteral(QIFMODULE_FILE)));
-        return nm.waitForFinished() && nm.exitCode() == 0 ? QString::fromLocal8Bit(nm.readAllStandardOutput())
-                                                          : QString();
-    }
 };
-
-void tst_plugin::exportsTwoFunctions()
-{
-    QStringList names;
-    const QStringList lines =
-        symbols({QStringLiteral("-D"), QStringLiteral("--defined-only")}).split('\n', Qt::SkipEmptyParts);
-    for (const QString& line : lines) {
-        names << line.section(' ', -1).section('@', 0, 0);
-    }
-    names.sort();
-    QCOMPARE(names, QStringList({"CreateModuParamConfigInstance", "LangChanged"}));
-}
 
 void tst_plugin::namesItsBundles()
 {
-    const QString all = symbols({});
+    QProcess nm;
+    nm.start(QStringLiteral("nm"), {QStringLiteral(QIFMODULE_FILE)});
+    QVERIFY(nm.waitForFinished() && nm.exitCode() == 0);
+    const QString all = QString::fromLocal8Bit(nm.readAllStandardOutput());
     for (const char* const bundle : {"QSS_IM", "IMG_IM"}) {
         for (const char* const function : {"qInitResources_", "qCleanupResources_"}) {
             QVERIFY2(all.contains(QLatin1String(function) + QLatin1String(bundle)), bundle);
