@@ -6,7 +6,7 @@ build='g++ cmake ninja-build qtbase5-dev qtdeclarative5-dev qtquickcontrols2-5-d
        qttools5-dev qttools5-dev-tools'
 run='libqt5sql5-sqlite qml-module-qtquick2 qml-module-qtquick-controls2 qml-module-qtquick-templates2
      qml-module-qtquick-window2 qttranslations5-l10n fonts-dejavu-core fonts-wqy-microhei'
-test='clang-format clang-tidy binutils xvfb xauth xdotool openbox shellcheck'
+test='clang clang-format clang-tidy libclang-rt-14-dev valgrind binutils xvfb xauth xdotool openbox shellcheck'
 
 case "${1:-}" in
     run) packages="$build $run" ;;

@@ -4,10 +4,11 @@ set -eu
 
 cd "$(dirname "$0")/.."
 scripts/setup.sh test
-for preset in asan release; do
+for preset in asan release fuzz; do
     scripts/build.sh "$preset"
 done
 scripts/check.sh
 for preset in asan release; do
     ctest --preset "$preset"
 done
+scripts/fuzz.sh
