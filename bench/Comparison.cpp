@@ -9,6 +9,7 @@
 #include <valgrind/callgrind.h>
 #else
 #define CALLGRIND_TOGGLE_COLLECT
+#define CALLGRIND_ZERO_STATS
 #define CALLGRIND_DUMP_STATS_AT(name) static_cast<void>(name)
 #endif
 
@@ -108,19 +109,20 @@ bool print(const Comparison& comparison, double floor, double subject, double ma
 }
 
 // Under callgrind: one dump for each side, named after it.
-void countInstructions()
+void countInstructions(const std::string& name)
 {
     isCounting = true;
     for (const Comparison& comparison : comparisons()) {
-        if (!comparison.isCounted) {
+        if (!comparison.isCounted || comparison.name.find(name) == std::string::npos) {
             continue;
         }
-        for (const RoundMaker& maker : {comparison.floor, comparison.subject}) {
+        for (const auto& [label, maker] : {std::pair(floorName(comparison), comparison.floor),
+                                           std::pair(comparison.name, comparison.subject)}) {
             const Round round = maker();
             round();
-            CALLGRIND_DUMP_STATS_AT("warm-up");
+            CALLGRIND_ZERO_STATS;
             round();
-            CALLGRIND_DUMP_STATS_AT(comparison.name.c_str());
+            CALLGRIND_DUMP_STATS_AT(label.c_str());
         }
     }
 }
@@ -165,8 +167,8 @@ bool runComparisons(int argc, char** argv)
         std::printf("%.9f\n", processRounds().at(argv[2])());
         return true;
     }
-    if (argc == 2 && std::strcmp(argv[1], "--count") == 0) {
-        countInstructions();
+    if (argc >= 2 && std::strcmp(argv[1], "--count") == 0) {
+        countInstructions(argc > 2 ? argv[2] : "");
         return true;
     }
     const bool isCheck = argc > 1 && std::strcmp(argv[1], "--check") == 0;

@@ -18,6 +18,8 @@
 namespace {
 
 constexpr int mostRows = 32;
+constexpr int usualHeight = 600;
+constexpr int highestHeight = 2000; // shows every row
 
 std::vector<BareValues> valuesOf(int rows)
 {
@@ -33,6 +35,11 @@ std::vector<BareValues> valuesOf(int rows)
         }
     }
     return values;
+}
+
+QString noteOf(bool isEdited)
+{
+    return isEdited ? QStringLiteral("edited") : QStringLiteral("before");
 }
 
 QString boundText(const BareValues& values, double bound)
@@ -55,12 +62,12 @@ QString textOf(const std::vector<BareValues>& rows)
 template <typename Panel>
 struct Window : QWidget
 {
-    Window()
+    explicit Window(int height)
     {
         auto* const area = new QWidget;
         (new QVBoxLayout(this))->addWidget(area);
         new QVBoxLayout(area);
-        resize(700, 600);
+        resize(700, height);
     }
     Panel& add(Panel* panel)
     {
@@ -79,8 +86,9 @@ void showUntilPainted(QWidget& shown, const QWidget& window)
 
 struct Bare
 {
-    explicit Bare(int rows)
+    explicit Bare(int rows, int height = usualHeight)
         : values(valuesOf(rows))
+        , window(height)
     {}
     void open()
     {
@@ -108,7 +116,8 @@ struct Bare
 
 struct Real
 {
-    explicit Real(int rows)
+    explicit Real(int rows, int height = usualHeight)
+        : window(height)
     {
         core.binaryData["IFText"] = textOf(valuesOf(rows)).toUtf8();
         registerService(core);
@@ -175,7 +184,7 @@ RoundMaker memory(int rows)
 
 Round addToBare(int rows)
 {
-    const auto side = std::make_shared<Bare>(rows);
+    const auto side = std::make_shared<Bare>(rows, highestHeight);
     side->open();
     return [side] {
         const double seconds = timed([&side] {
@@ -191,7 +200,7 @@ Round addToBare(int rows)
 
 Round addToReal(int rows)
 {
-    const auto side = std::make_shared<Real>(rows);
+    const auto side = std::make_shared<Real>(rows, highestHeight);
     side->open();
     const auto* const add = side->panel->findChild<QPushButton*>(QStringLiteral("btn_add"));
     return [side, add, last = QStringLiteral("int%1").arg((rows + 1) / 2)] {
@@ -234,8 +243,11 @@ Round transaction(int rows)
     const auto query = std::make_shared<QSqlQuery>(database);
     query->prepare(QStringLiteral("INSERT INTO p VALUES (7, 'IFText', ?) "
                                   "ON CONFLICT (module_id, name) DO UPDATE SET value = excluded.value"));
-    return [folder, query, bytes = textOf(valuesOf(rows)).toUtf8()] {
-        query->bindValue(0, bytes);
+    return [folder, query, rows = valuesOf(rows), isEdited = false]() mutable {
+        // The same bytes again would not be written.
+        isEdited = !isEdited;
+        rows[0].note = noteOf(isEdited);
+        query->bindValue(0, textOf(rows).toUtf8());
         return timed([&query] {
             if (!query->exec()) {
                 throw std::logic_error("the floor's transaction failed");
@@ -253,7 +265,10 @@ Round finishStoredEdit(int rows)
         EmbeddedCore::open(*flow, folder->filePath(QStringLiteral("store.sqlite")), &error);
     const auto side = std::make_shared<Real>(rows);
     side->open();
-    return [folder, core, side] {
+    auto* const note = side->panel->findChild<QLineEdit*>(QStringLiteral("m_ediNote"));
+    return [folder, core, side, note, isEdited = false]() mutable {
+        isEdited = !isEdited;
+        note->setText(noteOf(isEdited));
         registerService(*core);
         const double seconds = timed([&side] { side->panel->onLogicValueChanged2SetParam(); });
         registerService(side->core);
