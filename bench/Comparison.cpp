@@ -17,7 +17,6 @@
 #include <chrono>
 #include <cstdio>
 #include <cstring>
-#include <limits>
 #include <vector>
 
 namespace {
@@ -42,17 +41,18 @@ bool isCounting = false;
 void measure(benchmark::State& state, const RoundMaker& maker)
 {
     const Round round = maker();
-    double best = std::numeric_limits<double>::max();
+    std::vector<double> values;
     for ([[maybe_unused]] const auto iteration : state) {
-        const double value = round();
-        state.SetIterationTime(value);
-        best = std::min(best, value);
+        values.push_back(round());
+        state.SetIterationTime(values.back());
     }
-    state.counters["best"] = best;
+    const auto median = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+    std::nth_element(values.begin(), median, values.end());
+    state.counters["median"] = *median;
 }
 
-/// Keeps the best of all rounds of a benchmark: what else the machine does can only add to it.
-class BestOfAll : public benchmark::BenchmarkReporter
+/// Keeps the best repetition of a benchmark: what else the machine does can only add to it.
+class BestRepetitions : public benchmark::BenchmarkReporter
 {
 public:
     bool ReportContext(const Context&) override { return true; }
@@ -60,7 +60,7 @@ public:
     {
         for (const Run& run : runs) {
             if (run.run_type == Run::RT_Iteration && !run.error_occurred) {
-                const double value = run.counters.at("best");
+                const double value = run.counters.at("median");
                 const auto [found, isNew] = m_best.emplace(run.run_name.function_name, value);
                 found->second = std::min(found->second, value);
             }
@@ -189,7 +189,7 @@ bool runComparisons(int argc, char** argv)
             registerSide(comparison, comparison.name, comparison.subject, repetitions);
         }
     }
-    BestOfAll results;
+    BestRepetitions results;
     benchmark::RunSpecifiedBenchmarks(&results);
 
     std::printf("%-28s %12s %12s %12s\n", "", "floor", "subject", "ratio");

@@ -108,25 +108,42 @@ Round buildMenu(int nodes)
     };
 }
 
+QJsonArray menuWith(int leaves)
+{
+    QJsonObject menu;
+    SubscribeMenu::ParseTreeNode(treeOf(leaves * (leavesPerGroup + 1) / leavesPerGroup), menu, 1);
+    return {menu};
+}
+
+/// What of a menu a flat list shows.
+void collectLabels(const QJsonArray& entries, QStringList& labels)
+{
+    for (const QJsonValue& value : entries) {
+        const QJsonObject entry = value.toObject();
+        const QJsonArray subnodes = entry.value(QLatin1String("subnodes")).toArray();
+        if (subnodes.isEmpty()) {
+            labels << entry.value(QLatin1String("label")).toString();
+        } else {
+            collectLabels(subnodes, labels);
+        }
+    }
+}
+
 Round openTree(int leaves)
 {
     const auto main = std::make_shared<QWidget>();
     main->show();
-    QStringList texts;
-    for (int i = 0; i < leaves; ++i) {
-        texts << QStringLiteral("Value%1").arg(i);
-    }
-    return [main, texts] {
-        std::unique_ptr<QTreeView> view;
+    return [main, menu = menuWith(leaves)] {
+        QTreeView view;
         return timed([&] {
             Painting painting(*main, Painting::Where::Elsewhere);
-            view = std::make_unique<QTreeView>();
-            auto* const model = new QStringListModel(texts, view.get());
-            view->setWindowFlags(Qt::Tool | Qt::FramelessWindowHint);
-            view->setModel(model);
-            view->setHeaderHidden(true);
-            view->resize(320, 330);
-            view->show();
+            QStringList labels;
+            collectLabels(menu, labels);
+            view.setWindowFlags(Qt::Tool | Qt::FramelessWindowHint);
+            view.setModel(new QStringListModel(labels, &view));
+            view.setHeaderHidden(true);
+            view.resize(320, 330);
+            view.show();
             painting.wait();
         });
     };
@@ -137,12 +154,10 @@ Round openSelecter(int leaves)
     const auto main = std::make_shared<QWidget>();
     main->resize(200, 60);
     main->show();
-    QJsonObject menu;
-    SubscribeMenu::ParseTreeNode(treeOf(leaves * (leavesPerGroup + 1) / leavesPerGroup), menu, 1);
-    return [main, menus = QJsonArray{menu}]() mutable {
+    return [main, menu = menuWith(leaves)]() mutable {
         ButtonSelecterView selecter(main.get());
         QObject::connect(&selecter, &ButtonSelecterView::sigQuerySubscribeMenuInfo, &selecter,
-                         [&] { selecter.UpdateSubscribeMenuData(menus, 0); });
+                         [&] { selecter.UpdateSubscribeMenuData(menu, 0); });
         selecter.SetFixedSize(100, 30);
         selecter.show();
         QApplication::processEvents();
