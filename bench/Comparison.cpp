@@ -46,7 +46,7 @@ void measure(benchmark::State& state, const RoundMaker& maker)
         values.push_back(round());
         state.SetIterationTime(values.back());
     }
-    const auto median = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+    const auto median = values.begin() + static_cast<std::ptrdiff_t>((values.size() - 1) / 2);
     std::nth_element(values.begin(), median, values.end());
     state.counters["median"] = *median;
 }
