@@ -14,9 +14,9 @@
 #endif
 
 #include <algorithm>
-#include <chrono>
 #include <cstdio>
 #include <cstring>
+#include <ctime>
 #include <vector>
 
 namespace {
@@ -134,19 +134,23 @@ void compare(Comparison comparison)
     comparisons().push_back(std::move(comparison));
 }
 
-double timed(const std::function<void()>& action)
+double timed(const std::function<void()>& action, Clock clock)
 {
-    using Clock = std::chrono::steady_clock;
+    const auto now = [clock] {
+        timespec time{};
+        ::clock_gettime(clock == Clock::Process ? CLOCK_PROCESS_CPUTIME_ID : CLOCK_MONOTONIC, &time);
+        return static_cast<double>(time.tv_sec) + 1e-9 * static_cast<double>(time.tv_nsec);
+    };
     if (isCounting) {
         CALLGRIND_TOGGLE_COLLECT;
     }
-    const auto start = Clock::now();
+    const double start = now();
     action();
-    const auto end = Clock::now();
+    const double end = now();
     if (isCounting) {
         CALLGRIND_TOGGLE_COLLECT;
     }
-    return std::chrono::duration<double>(end - start).count();
+    return end - start;
 }
 
 Round inFreshProcess(const std::string& name, Round round)

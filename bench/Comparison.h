@@ -27,8 +27,11 @@ struct Comparison
 
 void compare(Comparison comparison);
 
+/// Whose time counts: what else the machine does takes none of the process's own, but a disk does.
+enum class Clock { Process, Wall };
+
 /// Seconds that the action takes. While instructions are counted it is the action that is counted.
-double timed(const std::function<void()>& action);
+double timed(const std::function<void()>& action, Clock clock = Clock::Process);
 
 /// A round that runs in a process of its own, for what can be the first only once. The name is unique.
 Round inFreshProcess(const std::string& name, Round round);

@@ -248,11 +248,12 @@ Round transaction(int rows)
         isEdited = !isEdited;
         rows[0].note = noteOf(isEdited);
         query->bindValue(0, textOf(rows).toUtf8());
-        return timed([&query] {
+        const auto commit = [&query] {
             if (!query->exec()) {
                 throw std::logic_error("the floor's transaction failed");
             }
-        });
+        };
+        return timed(commit, Clock::Wall);
     };
 }
 
@@ -270,7 +271,7 @@ Round finishStoredEdit(int rows)
         isEdited = !isEdited;
         note->setText(noteOf(isEdited));
         registerService(*core);
-        const double seconds = timed([&side] { side->panel->onLogicValueChanged2SetParam(); });
+        const double seconds = timed([&side] { side->panel->onLogicValueChanged2SetParam(); }, Clock::Wall);
         registerService(side->core);
         return seconds;
     };
