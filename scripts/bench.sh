@@ -20,7 +20,7 @@ trap 'rm -rf "$work"' EXIT
 valgrind -q --tool=callgrind --collect-atstart=no --callgrind-out-file="$work/%p" "$ratios" --count
 echo
 echo "Instructions in millions                floor      subject    ratio"
-cat "$work"/*.* | awk '
+find "$work" -name '*.*' -type f | sort -V | xargs cat | awk '
     /^desc: Trigger: Client Request: / { sub(/^desc: Trigger: Client Request: /, ""); name = $0 }
     /^summary: / {
         if (sub(/:floor$/, "", name)) { floor[name] = $2; order[++count] = name } else subject[name] = $2
