@@ -242,8 +242,8 @@ void addSelecterComparisons()
         compare({"open a menu/" + std::to_string(leaves), leaves == 9999 ? 1.5 : 0.0,
                  [leaves] { return openTree(leaves); }, [leaves] { return openSelecter(leaves); }, 20});
     }
-    const Round bareFirst = inFreshProcess("slider-floor", [] { return firstOpening(bareSlider); });
-    const Round first = inFreshProcess("slider", [] { return firstOpening(slider); });
+    Round bareFirst = inFreshProcess("slider-floor", [] { return firstOpening(bareSlider); });
+    Round first = inFreshProcess("slider", [] { return firstOpening(slider); });
     compare(
         {"first slider of a process", 1.2, [bareFirst] { return bareFirst; }, [first] { return first; }, 6});
     compare({"first opening of another", 1.2, [] { return [] { return firstOpening(bareSlider); }; },

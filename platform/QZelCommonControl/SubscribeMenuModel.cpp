@@ -6,8 +6,8 @@
 namespace {
 constexpr int root = 0;
 constexpr int notBound = 1;
-constexpr QLatin1String labelKey("label");
-constexpr QLatin1String subscribeNameKey("subscribeName");
+const QLatin1String labelKey("label");
+const QLatin1String subscribeNameKey("subscribeName");
 } // namespace
 
 SubscribeMenuModel::SubscribeMenuModel(QObject* parent)
