@@ -294,7 +294,7 @@ void addPanelComparisons()
         compare({"a finished edit" + count, bound * 1.5, [rows] { return buildText(rows); },
                  [rows] { return finishEdit(rows); }, 2000, Unit::Time, true});
         compare({"a stored edit" + count, bound * 1.2, [rows] { return transaction(rows); },
-                 [rows] { return finishStoredEdit(rows); }, 100});
+                 [rows] { return finishStoredEdit(rows); }, 300});
         compare({"memory of a panel" + count, bound * 1.1, memory<Bare>(rows), memory<Real>(rows), 5,
                  Unit::Memory});
     }
