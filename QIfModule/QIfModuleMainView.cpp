@@ -12,6 +12,8 @@
 #include <QDebug>
 #include <QEvent>
 #include <QListView>
+#include <QPointer>
+#include <QScopeGuard>
 #include <QStyledItemDelegate>
 
 #include <algorithm>
@@ -23,6 +25,21 @@ namespace {
 
 constexpr int maximumConditions = 32;
 constexpr UInt saveTimeOut = 5000; // ms
+
+// Hides the area until the end of the scope: what is added to a visible one is shown, laid out and painted
+// widget by widget.
+auto shownAtOnce(QWidget& area)
+{
+    QWidget* const focus = QApplication::focusWidget();
+    QPointer<QWidget> inside = area.isAncestorOf(focus) ? focus : nullptr;
+    area.hide();
+    return qScopeGuard([&area, inside = std::move(inside)] {
+        area.show();
+        if (inside) {
+            inside->setFocus();
+        }
+    });
+}
 
 } // namespace
 
@@ -155,6 +172,7 @@ void QIfModuleMainView::QueryIfModuleInfo()
     qDebug().noquote().nospace() << "[QIfModuleMainView]: QueryIfModuleInfo IFText data=" << text;
 
     removeAllRows();
+    const auto shown = shownAtOnce(*ui->widget_2);
     const QList<StoredCondition> conditions = StoredCondition::fromText(text);
     for (const StoredCondition& condition : conditions) {
         auto row = createRow(condition.name);

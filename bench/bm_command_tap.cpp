@@ -1,13 +1,11 @@
 #include "CommandTap.h"
 #include "FaultInjector.h"
-#include "core_client/core_client.h"
+#include "MemoryCore.h"
 
 #include <QElapsedTimer>
-#include <QMap>
 
 #include <algorithm>
 #include <cstdio>
-#include <functional>
 #include <limits>
 
 using namespace ZelCore;
@@ -18,33 +16,10 @@ constexpr int rounds = 30;
 constexpr int commandsPerRound = 5000;
 constexpr double highestRatio = 1.05;
 
-/// A core that keeps what it is told in memory.
-class MemoryCore : public SynchronousService
-{
-public:
-    using SynchronousService::Execute;
-    CommandResult Execute(ICommand& command) override
-    {
-        auto* const set = dynamic_cast<SetBinaryDataCommand*>(&command);
-        if (!set) {
-            return Failed;
-        }
-        m_data[ToQString(TextOf(set->ParamName))] = QByteArray(set->Data, static_cast<int>(set->DataLen));
-        return Success;
-    }
-
-private:
-    QMap<QString, QByteArray> m_data;
-};
-
 // Nanoseconds for a round of saves as a panel of 32 conditions sends them.
 qint64 roundOn(ICommandService& service, const QByteArray& list)
 {
-    auto& container = ZelCommon::IocContainar::Instance();
-    container.RegisterType(
-        ZelCommon::IocContainar::KeyOf<ICommandService>(),
-        ZelCommon::Any(std::function<ICommandService*()>([&service] { return &service; })));
-    container.Build();
+    registerService(service);
     QElapsedTimer timer;
     timer.start();
     for (int i = 0; i < commandsPerRound; ++i) {

@@ -1,18 +1,21 @@
 #!/bin/sh
-# Installs what is missing for a purpose: setup.sh run | test. Only then does it need root and the network.
+# Installs what is missing for a purpose: setup.sh run | test | bench. Only then does it need root and the network.
 set -eu
 
 build='g++ cmake ninja-build qtbase5-dev qtdeclarative5-dev qtquickcontrols2-5-dev
        qttools5-dev qttools5-dev-tools'
 run='libqt5sql5-sqlite qml-module-qtquick2 qml-module-qtquick-controls2 qml-module-qtquick-templates2
      qml-module-qtquick-window2 qttranslations5-l10n fonts-dejavu-core fonts-wqy-microhei'
-test='clang clang-format clang-tidy libclang-rt-14-dev valgrind binutils xvfb xauth xdotool openbox shellcheck'
+test='clang clang-format clang-tidy libclang-rt-14-dev libbenchmark-dev valgrind binutils xvfb xauth xdotool
+      openbox shellcheck'
+bench='libbenchmark-dev valgrind binutils'
 
 case "${1:-}" in
     run) packages="$build $run" ;;
     test) packages="$build $run $test" ;;
+    bench) packages="$build $run $bench" ;;
     *)
-        echo "usage: setup.sh run | test" >&2
+        echo "usage: setup.sh run | test | bench" >&2
         exit 2
         ;;
 esac

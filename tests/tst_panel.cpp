@@ -131,6 +131,11 @@ void tst_panel::showingLoads()
     QApplication::sendEvent(f.panel, &event);
     QCOMPARE(f.core.takeCommands(), loadOf({"int0", "float0"}));
     QCOMPARE(namesOf(f), QStringList({"int0", "float0"}));
+    QVERIFY(f.at<QLineEdit>("m_ediNote", 1)->isVisible());
+
+    f.at<QPushButton>("btn_add")->setFocus();
+    QApplication::sendEvent(f.panel, &event);
+    QVERIFY2(f.at<QPushButton>("btn_add")->hasFocus(), "a load took the focus from beside the rows");
 
     f.core.binaryData["IFText"] = "0";
     reload(f);

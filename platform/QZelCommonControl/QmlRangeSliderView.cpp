@@ -101,8 +101,8 @@ void QmlRangeSliderView::showEvent(QShowEvent* event)
 {
     if (!m_view) {
         createView();
+        showState();
     }
-    showState();
     highlight(Grip::None);
     // A tool window of its own, but above the window that it opens over.
     const QWidget* const host = QApplication::activeWindow();
@@ -149,7 +149,9 @@ double QmlRangeSliderView::handleReach() const
 
 void QmlRangeSliderView::highlight(Grip grip)
 {
-    if (QQuickItem* const slider = m_view ? m_view->rootObject() : nullptr) {
+    QQuickItem* const slider = m_view ? m_view->rootObject() : nullptr;
+    if (slider && grip != m_lit) {
+        m_lit = grip;
         slider->setProperty("isLowerLit", grip != Grip::None && grip != Grip::Upper);
         slider->setProperty("isUpperLit", grip != Grip::None && grip != Grip::Lower);
     }

@@ -51,6 +51,7 @@ private:
 
     RangeSliderState m_state;
     QQuickWidget* m_view = nullptr;
+    RangeSliderState::Grip m_lit = RangeSliderState::Grip::None;
     int m_pressX = 0;
     bool m_isDragging = false;
     int m_wheelAngle = 0;

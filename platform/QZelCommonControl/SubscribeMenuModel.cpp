@@ -1,12 +1,13 @@
 #include "SubscribeMenuModel.h"
 
-#include <QJsonObject>
-
 #include <algorithm>
+#include <utility>
 
 namespace {
 constexpr int root = 0;
 constexpr int notBound = 1;
+const QLatin1String labelKey("label");
+const QLatin1String subscribeNameKey("subscribeName");
 } // namespace
 
 SubscribeMenuModel::SubscribeMenuModel(QObject* parent)
@@ -20,7 +21,7 @@ void SubscribeMenuModel::setMenu(const QJsonArray& menu)
     m_nodes.clear();
     m_nodes.resize(2);
     m_nodes[root].isTitle = true;
-    m_nodes[notBound].label = tr("not bound");
+    m_notBound = tr("not bound");
     m_nodes[notBound].parent = root;
 
     // Without recursion: how deep a menu is, is its sender's choice.
@@ -30,6 +31,7 @@ void SubscribeMenuModel::setMenu(const QJsonArray& menu)
         int next;
         int parent;
     };
+    const QJsonValue nothing{QString()};
     QVector<Pending> pending = {{menu, 0, root}};
     while (!pending.isEmpty()) {
         Pending& level = pending.last();
@@ -37,16 +39,17 @@ void SubscribeMenuModel::setMenu(const QJsonArray& menu)
             pending.removeLast();
             continue;
         }
-        const QJsonObject entry = level.entries.at(level.next++).toObject();
         Node node;
-        node.label = entry.value(QLatin1String("label")).toString();
-        node.subscribeName = entry.value(QLatin1String("subscribeName")).toString();
+        node.entry = level.entries.at(level.next++).toObject();
         // What has nothing to report can't be chosen: it would read as "not bound".
-        node.isTitle = entry.value(QLatin1String("isTitle")).toBool() || node.subscribeName.isEmpty();
+        const QJsonValue subscribeName = node.entry.value(subscribeNameKey);
+        node.isTitle = !subscribeName.isString() || subscribeName == nothing ||
+                       node.entry.value(QLatin1String("isTitle")).toBool();
         node.parent = level.parent;
-        m_nodes << node;
-        if (node.isTitle) {
-            pending << Pending{entry.value(QLatin1String("subnodes")).toArray(), 0, m_nodes.size() - 1};
+        m_nodes.push_back(std::move(node));
+        if (m_nodes.back().isTitle) {
+            pending << Pending{m_nodes.back().entry.value(QLatin1String("subnodes")).toArray(), 0,
+                               count() - 1};
         }
     }
     setFilter({});
@@ -64,7 +67,7 @@ void SubscribeMenuModel::setFilter(const QString& filter)
     if (m_words.isEmpty()) {
         show(notBound);
     }
-    for (int i = notBound + 1; i < m_nodes.size(); ++i) {
+    for (int i = notBound + 1; i < count(); ++i) {
         if (m_nodes[i].isTitle) {
             continue;
         }
@@ -100,19 +103,29 @@ QModelIndex SubscribeMenuModel::indexOf(int node) const
                : createIndex(m_nodes[node].row, 0, static_cast<quintptr>(node));
 }
 
+QString SubscribeMenuModel::labelOf(int node) const
+{
+    return node == notBound ? m_notBound : m_nodes[node].entry.value(labelKey).toString();
+}
+
+QString SubscribeMenuModel::subscribeNameOf(int node) const
+{
+    return m_nodes[node].entry.value(subscribeNameKey).toString();
+}
+
 QStringList SubscribeMenuModel::pathOf(int node) const
 {
     QStringList path;
     for (; node != root; node = m_nodes[node].parent) {
-        path.prepend(m_nodes[node].label);
+        path.prepend(labelOf(node));
     }
     return path;
 }
 
 QModelIndex SubscribeMenuModel::find(const QString& subscribeName) const
 {
-    for (int i = notBound; i < m_nodes.size(); ++i) {
-        if (!m_nodes[i].isTitle && m_nodes[i].subscribeName == subscribeName) {
+    for (int i = notBound; i < count(); ++i) {
+        if (!m_nodes[i].isTitle && subscribeNameOf(i) == subscribeName) {
             return indexOf(i);
         }
     }
@@ -121,8 +134,9 @@ QModelIndex SubscribeMenuModel::find(const QString& subscribeName) const
 
 QModelIndex SubscribeMenuModel::index(int row, int column, const QModelIndex& parent) const
 {
-    return hasIndex(row, column, parent)
-               ? createIndex(row, column, static_cast<quintptr>(nodeOf(parent).children[row]))
+    const QVector<int>& children = nodeOf(parent).children;
+    return column == 0 && row >= 0 && row < children.size()
+               ? createIndex(row, column, static_cast<quintptr>(children[row]))
                : QModelIndex();
 }
 
@@ -143,17 +157,19 @@ int SubscribeMenuModel::columnCount(const QModelIndex&) const
 
 QVariant SubscribeMenuModel::data(const QModelIndex& index, int role) const
 {
-    const Node& node = nodeOf(index);
+    if (!index.isValid()) {
+        return {};
+    }
+    const int node = static_cast<int>(index.internalId());
     switch (role) {
     case Qt::DisplayRole:
-        return node.label;
+        return labelOf(node);
     case Qt::ToolTipRole:
-        return node.isTitle || node.subscribeName.isEmpty()
+        return m_nodes[node].isTitle || node == notBound
                    ? QString()
-                   : pathOf(static_cast<int>(index.internalId())).join(QStringLiteral(" / ")) +
-                         QLatin1Char('\n') + node.subscribeName;
+                   : pathOf(node).join(QStringLiteral(" / ")) + QLatin1Char('\n') + subscribeNameOf(node);
     case SubscribeNameRole:
-        return node.subscribeName;
+        return subscribeNameOf(node);
     default:
         return {};
     }

@@ -2,8 +2,11 @@
 
 #include <QAbstractItemModel>
 #include <QJsonArray>
+#include <QJsonObject>
 #include <QStringList>
 #include <QVector>
+
+#include <vector>
 
 /// The menu of a subscription selector as a tree: an entry for "not bound", then the groups and leaves of
 /// the menu JSON in their order. A filter leaves the leaves that match, with their groups.
@@ -40,8 +43,8 @@ public:
 private:
     struct Node
     {
-        QString label;
-        QString subscribeName;
+        // Its texts are read when they are asked for: most of a large menu is never looked at.
+        QJsonObject entry;
         bool isTitle = false;
         int parent = -1;
         // In the filtered tree.
@@ -50,12 +53,16 @@ private:
     };
 
     const Node& nodeOf(const QModelIndex& index) const;
+    int count() const { return static_cast<int>(m_nodes.size()); }
     QModelIndex indexOf(int node) const;
+    QString labelOf(int node) const;
+    QString subscribeNameOf(int node) const;
     QStringList pathOf(int node) const;
     void show(int node);
 
     // The root first, "not bound" second, every parent before its children.
-    QVector<Node> m_nodes;
+    std::vector<Node> m_nodes;
+    QString m_notBound;
     QStringList m_words;
     int m_leafCount = 0;
 };
