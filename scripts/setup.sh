@@ -1,5 +1,5 @@
 #!/bin/sh
-# Installs what is missing for a purpose: setup.sh run | test. Only then does it need root and the network.
+# Installs what is missing for a purpose: setup.sh run | test | board. Only then does it need root and the network.
 set -eu
 
 build='g++ cmake ninja-build qtbase5-dev qtdeclarative5-dev qtquickcontrols2-5-dev
@@ -7,12 +7,18 @@ build='g++ cmake ninja-build qtbase5-dev qtdeclarative5-dev qtquickcontrols2-5-d
 run='libqt5sql5-sqlite qml-module-qtquick2 qml-module-qtquick-controls2 qml-module-qtquick-templates2
      qml-module-qtquick-window2 qttranslations5-l10n fonts-dejavu-core fonts-wqy-microhei'
 test='clang-format clang-tidy binutils xvfb xauth xdotool openbox shellcheck'
+# The board's libraries stand beside those of this machine; its compiler and tools run on this machine.
+board='g++-aarch64-linux-gnu qemu-user-static debootstrap dpkg-dev file
+       qtbase5-dev:arm64 qtdeclarative5-dev:arm64 qtquickcontrols2-5-dev:arm64 qttools5-dev:arm64
+       libqt5sql5-sqlite:arm64 qml-module-qtquick2:arm64 qml-module-qtquick-controls2:arm64
+       qml-module-qtquick-templates2:arm64 qml-module-qtquick-window2:arm64'
 
 case "${1:-}" in
     run) packages="$build $run" ;;
     test) packages="$build $run $test" ;;
+    board) packages="$build $run $test $board" ;;
     *)
-        echo "usage: setup.sh run | test" >&2
+        echo "usage: setup.sh run | test | board" >&2
         exit 2
         ;;
 esac
@@ -28,6 +34,9 @@ done
 
 echo "installing:$missing" >&2
 export DEBIAN_FRONTEND=noninteractive
+case "$missing" in
+    *:arm64*) dpkg --add-architecture arm64 ;;
+esac
 apt-get update -qq
 # shellcheck disable=SC2086 # a list of names
 apt-get install -qq -y --no-install-recommends $missing >/dev/null
