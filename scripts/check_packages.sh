@@ -54,3 +54,10 @@ chroot "$root" sh -c 'apt-get update -qq && apt-get install -qq -y --no-install-
     >"$work/amd64.log" 2>&1 || { tail -n 20 "$work/amd64.log" >&2; fail "packages can't be installed"; }
 chroot "$root" env HOME=/tmp if-workbench --screenshot /tmp/amd64.png 2>"$work/amd64.log" || true
 check_picture "$root/tmp/amd64.png" "$work/amd64.log"
+
+# The slider's scene is read when it first opens.
+git ls-files '*.qml' | xargs sed -n 's/^import \([A-Z][A-Za-z.]*\) \([0-9]*\).*/\1.\2/p' | tr . / | sort -u |
+    while read -r module; do
+        folder=${module%/*}.${module##*/}
+        [ -s "$(echo "$root"/usr/lib/*/qt5/qml/"$folder"/qmldir)" ] || fail "no QML module $folder"
+    done
