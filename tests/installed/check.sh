@@ -1,11 +1,11 @@
 #!/bin/sh
 # Installs a build, builds a program against what is installed and runs it and the workbench:
-# check.sh BUILD FOLDER EMULATOR CMAKE-OPTION...; an empty emulator for this machine.
+# check.sh BUILD FOLDER CMAKE-OPTION...; programs run through EMULATOR where it is set.
 set -eu
 
 tests=$(cd "$(dirname "$0")" && pwd)
-build=$1 folder=$2 emulator=$3
-shift 3
+build=$1 folder=$2
+shift 2
 rm -rf "$folder"
 prefix=$folder/root
 
@@ -19,6 +19,6 @@ cmake --build "$folder/host"
 
 libraries=$(dirname "$(find "$prefix" -name libZelCommon.so)")
 export LD_LIBRARY_PATH="$libraries" HOME="$folder"
-$emulator "$folder/host/installed_host"
-$emulator "$prefix/bin/if-workbench" --screenshot "$folder/picture.png"
+${EMULATOR:-} "$folder/host/installed_host"
+${EMULATOR:-} "$prefix/bin/if-workbench" --screenshot "$folder/picture.png"
 test -s "$folder/picture.png"
