@@ -57,14 +57,32 @@ function(qif_set_test_environment test)
     set_tests_properties(${test} PROPERTIES ENVIRONMENT "${environment}" TIMEOUT 300)
 endfunction()
 
+# qif_add_command(<variable> <target>): a file that starts the target's program, for tests that start it
+# themselves; where only an emulator runs the program, a script that calls the emulator.
+function(qif_add_command variable target)
+    set(file $<TARGET_FILE:${target}>)
+    if(CMAKE_CROSSCOMPILING_EMULATOR)
+        set(script ${CMAKE_CURRENT_BINARY_DIR}/emulated/${target})
+        list(JOIN CMAKE_CROSSCOMPILING_EMULATOR " " emulator)
+        file(GENERATE OUTPUT ${script} CONTENT "#!/bin/sh\nexec ${emulator} '${file}' \"$@\"\n"
+            FILE_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE)
+        set(file ${script})
+    endif()
+    set(${variable} ${file} PARENT_SCOPE)
+endfunction()
+
 # qif_add_test(<name> [LIBRARIES <targets>...] [XVFB]): a QtTest program from <name>.cpp, run by
 # ctest without a display, or with XVFB on a virtual X server of its own.
 function(qif_add_test name)
     cmake_parse_arguments(arg "XVFB" "" "LIBRARIES" ${ARGN})
     qif_add_executable(${name} ${name}.cpp)
     target_link_libraries(${name} PRIVATE Qt5::Test ${arg_LIBRARIES})
+    if(CMAKE_CROSSCOMPILING_EMULATOR)
+        target_sources(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests/EmulatedSyscall.cpp)
+    endif()
     if(arg_XVFB)
-        add_test(NAME ${name} COMMAND xvfb-run -a -s "-screen 0 1280x1024x24" $<TARGET_FILE:${name}>)
+        add_test(NAME ${name} COMMAND xvfb-run -a -s "-screen 0 1280x1024x24"
+            ${CMAKE_CROSSCOMPILING_EMULATOR} $<TARGET_FILE:${name}>)
         qif_set_test_environment(${name} XVFB)
     else()
         add_test(NAME ${name} COMMAND ${name})

@@ -73,7 +73,7 @@ void tst_power_cuts::acknowledgedEditsStay()
     int edits = 0;
     for (int cut = 0; cut < cuts; ++cut) {
         QProcess writer;
-        writer.start(QCoreApplication::applicationFilePath(), {"write", store, QString::number(edit)});
+        writer.start(WRITER_FILE, {"write", store, QString::number(edit)});
         QVERIFY(writer.waitForStarted());
         QVERIFY2(writer.waitForReadyRead(), writer.readAllStandardError());
         QTest::qWait(std::uniform_int_distribution<int>(0, 40)(random));

@@ -23,13 +23,14 @@ void Translations::setLanguage(const QString& code)
 {
     m_translators.clear(); // a translator that goes is removed from the application
     m_language = code;
-    const QString own =
-        QCoreApplication::applicationDirPath() + QStringLiteral("/../share/if-workbench/i18n");
+    const QString share = QCoreApplication::applicationDirPath() + QStringLiteral("/../share/");
+    const QString own = share + QStringLiteral("if-workbench/i18n");
+    const QString panels = share + QStringLiteral("qifmodule/i18n");
     const QString qts = QLibraryInfo::location(QLibraryInfo::TranslationsPath);
     for (const auto& [catalogue, folder] : {std::pair(QStringLiteral("qtbase"), qts),
                                             {QStringLiteral("if-workbench"), own},
-                                            {QStringLiteral("QZelCommonControl"), own},
-                                            {QStringLiteral("QIfModule"), own}}) {
+                                            {QStringLiteral("QZelCommonControl"), panels},
+                                            {QStringLiteral("QIfModule"), panels}}) {
         auto translator = std::make_unique<QTranslator>();
         if (translator->load(catalogue + QLatin1Char('_') + code, folder)) {
             QCoreApplication::installTranslator(translator.get());

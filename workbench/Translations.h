@@ -8,8 +8,8 @@
 #include <vector>
 
 /// The language of all that the process shows: Qt's own texts, the workbench's, the controls' and the
-/// panels'. Catalogues lie in ../share/if-workbench/i18n of the program's folder; a text without an entry
-/// is shown as it was written.
+/// panels'. Catalogues lie in ../share/if-workbench/i18n and ../share/qifmodule/i18n of the program's folder;
+/// a text without an entry is shown as it was written.
 class Translations
 {
 public:

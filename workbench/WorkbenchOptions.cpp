@@ -120,7 +120,10 @@ QString WorkbenchOptions::flowFile() const
 
 QString WorkbenchOptions::pluginFile() const
 {
-    return valueOr(pluginOption, QStringLiteral("../lib/libQIfModule.so"));
+    const QString installed = QStringLiteral(INSTALLED_PLUGIN_FOLDER "/libQIfModule.so");
+    return valueOr(pluginOption, QFile::exists(fromProgramFolder(installed))
+                                     ? installed
+                                     : QStringLiteral("../lib/libQIfModule.so"));
 }
 
 QString WorkbenchOptions::storeFile(const QString& flowName) const
@@ -137,9 +140,12 @@ QString WorkbenchOptions::storeFile(const QString& flowName) const
     return folder.filePath(name + QStringLiteral(".sqlite"));
 }
 
-QString WorkbenchOptions::valueOr(const QString& option, const QString& fromProgramFolder) const
+QString WorkbenchOptions::fromProgramFolder(const QString& file)
 {
-    return m_parser.isSet(option) ? m_parser.value(option)
-                                  : QDir::cleanPath(QCoreApplication::applicationDirPath() +
-                                                    QLatin1Char('/') + fromProgramFolder);
+    return QDir::cleanPath(QCoreApplication::applicationDirPath() + QLatin1Char('/') + file);
+}
+
+QString WorkbenchOptions::valueOr(const QString& option, const QString& file) const
+{
+    return m_parser.isSet(option) ? m_parser.value(option) : fromProgramFolder(file);
 }

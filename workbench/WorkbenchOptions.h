@@ -46,7 +46,8 @@ public:
     QString storeFile(const QString& flowName) const;
 
 private:
-    QString valueOr(const QString& option, const QString& fromProgramFolder) const;
+    static QString fromProgramFolder(const QString& file);
+    QString valueOr(const QString& option, const QString& file) const;
 
     QCommandLineParser m_parser;
     std::optional<unsigned int> m_moduleId;

@@ -1,0 +1,28 @@
+#include <ConditionName.h>
+#include <ConditionRecord.h>
+#include <QIfModuleExports.h>
+#include <QZelCommonControl/ButtonSelecterView.h>
+#include <QZelCommonControl/QmlRangeSliderView.h>
+#include <QZelCommonControl/RangeSlider.h>
+#include <ZelCommon/FilterSourceCommands.h>
+#include <ZelCommon/SynchronousService.h>
+#include <core_client/core_client.h>
+
+#include <QApplication>
+#include <QLibrary>
+
+int main(int argc, char** argv)
+{
+    const QApplication application(argc, argv);
+    ZelCommon::IocContainar::Instance().Clear();
+    ButtonSelecterView selecter;
+    selecter.SetFixedSize(200, 25);
+
+    auto* const create = reinterpret_cast<decltype(&CreateModuParamConfigInstance)>(
+        QLibrary::resolve(QStringLiteral(PLUGIN_FILE), "CreateModuParamConfigInstance"));
+    QWidget window;
+    QWidget* panel = nullptr;
+    const bool isMade = create && create(7, &window, &panel) && panel->inherits("QIfModuleMainView");
+    const bool isRead = StoredCondition::fromText(QStringLiteral("%int0%:1:2:a;")).size() == 1;
+    return isMade && isRead && selecter.width() == 200 ? EXIT_SUCCESS : EXIT_FAILURE;
+}
