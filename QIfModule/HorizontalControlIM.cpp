@@ -1,6 +1,7 @@
 #include "HorizontalControlIM.h"
 
 #include "ClickOnEnter.h"
+#include "CondensedText.h"
 #include "ConditionName.h"
 #include "StyleSheet.h"
 #include "SubscribeMenu.h"
@@ -86,6 +87,7 @@ void HorizontalControlIM::InitUI()
     setSpacing(columnSpacing);
 
     m_labName.setFixedSize(nameWidth, 30);
+    new CondensedText(&m_labName);
     addWidget(&m_labName);
     m_ediNote.setFixedSize(noteWidth, 30);
     addWidget(&m_ediNote);

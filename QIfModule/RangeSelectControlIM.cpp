@@ -1,6 +1,7 @@
 #include "RangeSelectControlIM.h"
 
 #include "BoundValidator.h"
+#include "CondensedText.h"
 #include "ConditionName.h"
 #include "ConditionRecord.h"
 #include "StyleSheet.h"
@@ -78,6 +79,13 @@ RangeSelectControlIM::~RangeSelectControlIM()
         sender->disconnect(this);
     }
     m_qmlRangeSlider.removeEventFilter(this);
+    for (QLineEdit* const edit : {m_pEdiMinPullBar, m_pEdiMaxPullBar}) {
+        if (edit) {
+            // Qt keeps what it worked out of the sheets for a field inside a spin box, and forgets it with
+            // the field only when the field has a sheet of its own: every showing would cost memory.
+            edit->setStyleSheet(QStringLiteral(" "));
+        }
+    }
     m_pEdiMinPullBar = nullptr;
     m_pEdiMaxPullBar = nullptr;
     m_pParentArea = nullptr;
@@ -197,6 +205,7 @@ void RangeSelectControlIM::InstallEventFilter()
         auto* const edit = spinBox.findChild<QLineEdit*>();
         if (edit) {
             edit->setValidator(new BoundValidator(spinBox, edit));
+            new CondensedText(edit);
             edit->installEventFilter(this);
         }
         return edit;

@@ -1,9 +1,11 @@
 #include "ConditionName.h"
 #include "ConditionRecord.h"
 
+#include <QElapsedTimer>
 #include <QtTest>
 
 #include <cmath>
+#include <limits>
 
 using namespace ConditionName;
 
@@ -18,6 +20,7 @@ private slots:
     void writing();
     void storedBytesAreCut();
     void reading();
+    void longTexts();
 };
 
 void tst_condition::typesByTheName()
@@ -108,6 +111,28 @@ void tst_condition::reading()
     QCOMPARE(read("%int0%:1:99999999999:;"), QString("int0 int 1 0 0 "));
     QCOMPARE(read("%%in%t0:1:2:%;"), QString("int0 int 1 2 1 %"));
     QCOMPARE(read(":::;"), QString(" int 0 0 0 "));
+}
+
+// Eight times the text takes eight times as long; squared, it would be sixty-four.
+void tst_condition::longTexts()
+{
+    const auto timeOf = [](int bytes) {
+        const QString text = QString("%int0%:1:2:note;").repeated(bytes / 16);
+        qint64 best = std::numeric_limits<qint64>::max();
+        for (int i = 0; i < 5; ++i) {
+            QElapsedTimer timer;
+            timer.start();
+            if (StoredCondition::fromText(text).size() != bytes / 16) {
+                return qint64(-1);
+            }
+            best = qMin(best, timer.nsecsElapsed());
+        }
+        return best;
+    };
+    const qint64 small = timeOf(1 << 17);
+    const qint64 large = timeOf(1 << 20);
+    QVERIFY(small > 0 && large > 0);
+    QVERIFY2(large < 24 * small, qPrintable(QString("%1 ns, %2 ns").arg(small).arg(large)));
 }
 
 QTEST_APPLESS_MAIN(tst_condition)

@@ -137,6 +137,10 @@ void tst_panel::showingLoads()
     QApplication::sendEvent(f.panel, &event);
     QVERIFY2(f.at<QPushButton>("btn_add")->hasFocus(), "a load took the focus from beside the rows");
 
+    // More than the panel itself adds.
+    f.core.binaryData["IFText"] = QByteArray("%int0%:1:2:;").repeated(1000);
+    reload(f);
+    QCOMPARE(namesOf(f).size(), 1000);
     f.core.binaryData["IFText"] = "0";
     reload(f);
     QCOMPARE(namesOf(f), QStringList());

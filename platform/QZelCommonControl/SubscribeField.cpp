@@ -36,6 +36,8 @@ void SubscribeField::paintEvent(QPaintEvent*)
     QPainter painter(this);
     const QRect area = rect().adjusted(textMargin, 0, -textMargin, 0);
     painter.setPen(m_isMissing ? missingColor : textColor);
+    // A path begins at the left in every language.
+    painter.setLayoutDirection(Qt::LeftToRight);
     // The end of a path tells more than its beginning.
     painter.drawText(area, Qt::AlignLeft | Qt::AlignVCenter,
                      fontMetrics().elidedText(text(), Qt::ElideLeft, area.width()));
