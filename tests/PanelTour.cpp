@@ -189,7 +189,9 @@ QByteArray PanelTour::shownMode() const
 QList<ButtonSelecterView*> PanelTour::inputs() const
 {
     auto selecters = panel->findChildren<ButtonSelecterView*>();
-    const auto isOfBound = [](const ButtonSelecterView* selecter) { return !selecter->objectName().isEmpty(); };
+    const auto isOfBound = [](const ButtonSelecterView* selecter) {
+        return !selecter->objectName().isEmpty();
+    };
     selecters.erase(std::remove_if(selecters.begin(), selecters.end(), isOfBound), selecters.end());
     return selecters;
 }

@@ -6,6 +6,8 @@
 #include <QProcess>
 #include <QtTest>
 
+#include <dlfcn.h>
+
 #include <memory>
 
 /// The built library as a host meets it: a file with two symbols.
@@ -14,6 +16,8 @@ class tst_plugin : public QObject
     Q_OBJECT
 
 private slots:
+    // First: the others keep the library.
+    void loadedAndUnloaded();
     void namesItsBundles();
     void makesAPanel();
     void refusesWhatIsNoPanel();
@@ -79,6 +83,29 @@ void tst_plugin::refusesWhatIsNoPanel()
     QVERIFY(!resolve<LangChanged>("LangChanged")(&other));
     QVERIFY(!resolve<LangChanged>("LangChanged")(nullptr));
     QVERIFY(!resolve<Create>("CreateModuParamConfigInstance")(7, nullptr, nullptr));
+}
+
+// Nothing of the process refers to the library once it is gone.
+void tst_plugin::loadedAndUnloaded()
+{
+    FakeCore core;
+    core.binaryData[QStringLiteral("IFText")] = "%int0%:1:2:a;";
+    core.runParams[QStringLiteral("LogicalMode")] = "1";
+    for (int i = 0; i < 100; ++i) {
+        QVERIFY(!dlopen(QIFMODULE_FILE, RTLD_NOW | RTLD_NOLOAD));
+        void* const library = dlopen(QIFMODULE_FILE, RTLD_NOW);
+        QVERIFY2(library, dlerror());
+        auto* const create = reinterpret_cast<Create*>(dlsym(library, "CreateModuParamConfigInstance"));
+        QWidget host;
+        QWidget* panel = nullptr;
+        QVERIFY(create && create(7, &host, &panel));
+        host.show();
+        QVERIFY(panel->findChild<QLabel*>(QStringLiteral("m_labName")));
+        delete panel;
+        QApplication::processEvents();
+        QCOMPARE(dlclose(library), 0);
+    }
+    QApplication::processEvents();
 }
 
 QTEST_MAIN(tst_plugin)

@@ -82,6 +82,14 @@ RandomUse::RandomUse(unsigned int seed)
     : m_random(seed)
 {
     m_tour.answer = [this](int, const QString& line) { return answer(line); };
+    if (seed % 20 == 0) {
+        // Next to the limit.
+        for (int i = 0; i < 30; ++i) {
+            m_model.add(QStringLiteral("int"));
+        }
+        m_tour.core.binaryData["IFText"] = m_model.text();
+        m_model.load(m_model.text());
+    }
     m_tour.window.show();
     m_tour.setVisible(true);
 }
@@ -402,7 +410,7 @@ void RandomUse::happen()
     const bool hasStrip = row >= 0 && m_model.rows[row].hasStrip();
     const bool isConstant = hasStrip && !boundOf(m_model.rows[row], isLower).isSubscribed;
     const int event = below(100);
-    if (event < (rows < 4 ? 30 : 10) || row < 0) {
+    if (event < (rows < 4 ? 30 : 7) || row < 0) {
         add();
     } else if (event < 37) {
         note(row);
@@ -416,9 +424,9 @@ void RandomUse::happen()
         switchBound(row, isLower);
     } else if (event < 77 && hasStrip && !isConstant) {
         bindBound(row, isLower);
-    } else if (event < 82) {
+    } else if (event < 80) {
         bindInput(row);
-    } else if (event < 86) {
+    } else if (event < 83) {
         mode();
     } else if (event < 95) {
         remove(row);
