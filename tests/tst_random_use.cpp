@@ -464,9 +464,11 @@ private slots:
 void tst_random_use::runs_data()
 {
     QTest::addColumn<unsigned int>("seed");
-    const int count =
-        qEnvironmentVariableIsSet("RANDOM_RUNS") ? qEnvironmentVariableIntValue("RANDOM_RUNS") : 200;
-    for (int seed = 1; seed <= count; ++seed) {
+    const auto setting = [](const char* name, int standard) {
+        return qEnvironmentVariableIsSet(name) ? qEnvironmentVariableIntValue(name) : standard;
+    };
+    const int first = setting("RANDOM_FIRST", 1);
+    for (int seed = first; seed < first + setting("RANDOM_RUNS", 200); ++seed) {
         QTest::addRow("%d", seed) << static_cast<unsigned int>(seed);
     }
 }
