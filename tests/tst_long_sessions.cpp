@@ -83,8 +83,8 @@ void tst_long_sessions::verifyFlat(int cycles, PanelTour& tour, const std::funct
     QCOMPARE(after.windows, warm.windows);
     QCOMPARE(after.timers, warm.timers);
     QCOMPARE(after.files, warm.files);
-    // Some bytes come and go; what a cycle left behind would add up.
-    QVERIFY2(after.heap - warm.heap < 1 << 16, QByteArray::number(after.heap - warm.heap) + " bytes more");
+    // Caches still fill; a widget, a connection or a text that each cycle left behind would be more.
+    QVERIFY2(after.heap - warm.heap < 64 * cycles, QByteArray::number(after.heap - warm.heap) + " bytes more");
 }
 
 void tst_long_sessions::showsAndHides()
