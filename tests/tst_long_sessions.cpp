@@ -84,7 +84,8 @@ void tst_long_sessions::verifyFlat(int cycles, PanelTour& tour, const std::funct
     QCOMPARE(after.timers, warm.timers);
     QCOMPARE(after.files, warm.files);
     // Caches still fill; a widget, a connection or a text that each cycle left behind would be more.
-    QVERIFY2(after.heap - warm.heap < 64 * cycles, QByteArray::number(after.heap - warm.heap) + " bytes more");
+    QVERIFY2(after.heap - warm.heap < 64 * cycles,
+             QByteArray::number(after.heap - warm.heap) + " bytes more");
 }
 
 void tst_long_sessions::showsAndHides()

@@ -41,10 +41,10 @@ void SubscribeMenuModel::setMenu(const QJsonArray& menu)
         }
         Node node;
         node.entry = level.entries.at(level.next++).toObject();
-        // What has nothing to report can't be chosen: it would read as "not bound".
+        // Only leaves have a text to report; an empty one would read as "not bound". One look-up tells it,
+        // which counts in a large menu.
         const QJsonValue subscribeName = node.entry.value(subscribeNameKey);
-        node.isTitle = !subscribeName.isString() || subscribeName == nothing ||
-                       node.entry.value(QLatin1String("isTitle")).toBool();
+        node.isTitle = !subscribeName.isString() || subscribeName == nothing;
         node.parent = level.parent;
         m_nodes.push_back(std::move(node));
         if (m_nodes.back().isTitle) {
