@@ -22,13 +22,7 @@ ModuleConfiguration configurationOf(const QByteArray& ifText, const QByteArray& 
 void bind(ModuleConfiguration& configuration, ENUM_IO_SUBSCRIBE_TYPE_ type, const QString& key,
           const QString& column, const QJsonValue& value = QJsonValue::Null, const QString& missing = {})
 {
-    ModuleBinding binding;
-    binding.target = {7, type, key};
-    binding.source = "5." + column;
-    binding.column = column;
-    binding.value = value;
-    binding.missing = missing;
-    configuration.bindings << binding;
+    configuration.bindings << ModuleBinding{{7, type, key}, "5." + column, value, column, missing};
 }
 
 } // namespace
@@ -71,37 +65,32 @@ private:
     QString m_error;
 };
 
-// Of fields for the value, the lower and the upper bound, where these are subscribed.
+// Of fields for the value, the lower and the upper bound; the bounds that have one are subscribed.
 void tst_judgement::bounds()
 {
-    struct Row
-    {
-        QByteArray fields;
-        QString subscribed;
-        QString judgement;
-    };
-    for (const Row& row : {Row{"15,,", "", "OK; in 15 is within 10 to 20"},
-                           {"10,,", "", "OK; in 10 is within 10 to 20"},
-                           {"20,,", "", "OK; in 20 is within 10 to 20"},
-                           {"20.001,,", "", "not OK; out 20.001 is above 20"},
-                           {"-3,,", "", "not OK; out -3 is below 10"},
-                           {",,", "", "not OK; none \"\" is no number"},
-                           {"x,,", "", "not OK; none \"x\" is no number"},
-                           {"15,16,", "low", "not OK; out 15 is below 16"},
-                           {"15,,14", "high", "not OK; out 15 is above 14"},
-                           {"15,15,15", "low high", "OK; in 15 is within 15 to 15"},
-                           {"15,30,5", "low high", "not OK; out the minimum 30 is above the maximum 5"},
-                           {"15,x,", "low", "not OK; none minimum: \"x\" is no number"},
-                           {"15,,nan", "high", "not OK; none maximum: \"nan\" is no number"}}) {
+    for (const auto& [fields, expected] : {std::pair("15,,", "OK; in 15 is within 10 to 20"),
+                                           {"10,,", "OK; in 10 is within 10 to 20"},
+                                           {"20,,", "OK; in 20 is within 10 to 20"},
+                                           {"20.001,,", "not OK; out 20.001 is above 20"},
+                                           {"-3,,", "not OK; out -3 is below 10"},
+                                           {",,", "not OK; none \"\" is no number"},
+                                           {"x,,", "not OK; none \"x\" is no number"},
+                                           {"15,16,", "not OK; out 15 is below 16"},
+                                           {"15,,14", "not OK; out 15 is above 14"},
+                                           {"15,15,15", "OK; in 15 is within 15 to 15"},
+                                           {"15,30,5", "not OK; out the minimum 30 is above the maximum 5"},
+                                           {"15,x,", "not OK; none minimum: \"x\" is no number"},
+                                           {"15,,nan", "not OK; none maximum: \"nan\" is no number"}}) {
         auto configuration = configurationOf("%int0%:10:20:;");
         bind(configuration, SUBSCRIBE_TYPE_IO, inputIo("int0"), "int0");
         bind(configuration, SUBSCRIBE_TYPE_RUNPARAM, lowerBoundKey("int0"), "low");
         bind(configuration, SUBSCRIBE_TYPE_RUNPARAM, upperBoundKey("int0"), "high");
+        const QList<QByteArray> bounds = QByteArray(fields).split(',').mid(1);
         configuration.uiData[lowerBoundSourceKey("int0")] =
-            row.subscribed.contains("low") ? QByteArray("True\0", 5) : QByteArray("False\0", 6);
-        configuration.uiData[upperBoundSourceKey("int0")] = row.subscribed.contains("high") ? "True" : "true";
-        const QString judgement = judged(configuration, "int0,low,high\n" + row.fields + '\n');
-        QCOMPARE(row.fields + ": " + judgement, row.fields + ": " + row.judgement);
+            bounds[0].isEmpty() ? QByteArray("False\0", 6) : QByteArray("True\0", 5);
+        configuration.uiData[upperBoundSourceKey("int0")] = bounds[1].isEmpty() ? "true" : "True";
+        const QString judgement = judged(configuration, QByteArray("int0,low,high\n") + fields + '\n');
+        QCOMPARE(fields + (": " + judgement), fields + QString(": ") + expected);
     }
 }
 
@@ -134,24 +123,18 @@ void tst_judgement::values()
 // What a list makes of 5 when all, or any, of its conditions have to be met.
 void tst_judgement::modes()
 {
-    struct Row
-    {
-        QByteArray list;
-        bool all;
-        bool any;
-    };
-    for (const Row& row : {Row{"0", true, false},
-                           {"%int0%:1:9:;", true, true},
-                           {"%int0%:6:9:;", false, false},
-                           {"%int0%:1:9:;%float0%:6.0:9:;", false, true},
-                           {"%int0%:1:9:;%int1%:1:9:;", false, true},
-                           {"%int1%:1:9:;", false, false}}) {
-        for (const auto& [mode, isOk] :
-             {std::pair("1", row.all), {"2", row.any}, {"", row.any}, {" 1x", row.all}}) {
-            auto configuration = configurationOf(row.list, mode);
+    for (const auto& [list, all, any] : {std::tuple("0", true, false),
+                                         {"%int0%:1:9:;", true, true},
+                                         {"%int0%:6:9:;", false, false},
+                                         {"%int0%:1:9:;%float0%:6.0:9:;", false, true},
+                                         {"%int0%:1:9:;%int1%:1:9:;", false, true},
+                                         {"%int1%:1:9:;", false, false}}) {
+        for (const auto& [mode, isOk] : {std::pair("1", all), {"2", any}, {"", any}, {" 1x", all}}) {
+            auto configuration = configurationOf(list, mode);
             bind(configuration, SUBSCRIBE_TYPE_IO, inputIo("int0"), "a");
             bind(configuration, SUBSCRIBE_TYPE_IO, inputIo("float0"), "a");
-            QVERIFY2(judged(configuration, "a\n5\n").startsWith(isOk ? "OK" : "not OK"), row.list + mode);
+            QVERIFY2(judged(configuration, "a\n5\n").startsWith(isOk ? "OK" : "not OK"),
+                     QByteArray(list) + mode);
         }
     }
 }
