@@ -13,7 +13,6 @@ class tst_workbench : public QObject
     Q_OBJECT
 
 private slots:
-    void errors_data();
     void errors();
     void helpAndVersion();
     void picture();
@@ -59,38 +58,32 @@ private:
     QProcess m_process;
 };
 
-void tst_workbench::errors_data()
-{
-    QTest::addColumn<QStringList>("options");
-    QTest::addColumn<QStringList>("words"); // of the message
-    const auto row = [](const QStringList& options, const QStringList& words) {
-        QTest::newRow(qPrintable(options.join(' '))) << options << words;
-    };
-    row({"--wrong"}, {"wrong"});
-    row({"file.json"}, {"file.json"});
-    row({"--module", "seven"}, {"seven"});
-    row({"--module", "8"}, {"nuclei.json", "8"});
-    row({"--flow", "/nowhere/flow.json"}, {"/nowhere/flow.json"});
-    row({"--flow", fileOf("bad.json", R"({"name": "x", "modules": [{"id": 0}]})")},
-        {"bad.json", "modules[0].id"});
-    row({"--plugin", fileOf("noplugin.so", "text")}, {"noplugin.so"});
-    row({"--plugin", OTHER_LIBRARY_FILE}, {"CreateModuParamConfigInstance"});
-    row({"--store", "/nowhere/store.sqlite"}, {"/nowhere/store.sqlite"});
-    row({"--store", fileOf("damaged.sqlite", QByteArray(5000, 'x'))}, {"damaged.sqlite"});
-    row({"--fault", "when=never"}, {"when=never"});
-    row({"--run", "/nowhere/samples.csv"}, {"/nowhere/samples.csv"});
-    row({"--screenshot", "/nowhere/picture.png"}, {"/nowhere/picture.png"});
-    row({}, {"no display"});
-}
-
+// The words that the message has.
 void tst_workbench::errors()
 {
-    QFETCH(QStringList, options);
-    QFETCH(QStringList, words);
-    QCOMPARE(run(options, options.isEmpty() ? "" : "offscreen"), 1);
-    const QString message = QString::fromUtf8(m_process.readAllStandardError());
-    for (const QString& word : qAsConst(words)) {
-        QVERIFY2(message.contains(word), qPrintable(message));
+    const std::pair<QStringList, QString> rows[] = {
+        {{"--wrong"}, "wrong"},
+        {{"file.json"}, "file.json"},
+        {{"--module", "seven"}, "seven"},
+        {{"--module", "8"}, "nuclei.json 8"},
+        {{"--flow", "/nowhere/flow.json"}, "/nowhere/flow.json"},
+        {{"--flow", fileOf("bad.json", R"({"name": "x", "modules": [{"id": 0}]})")},
+         "bad.json modules[0].id"},
+        {{"--plugin", fileOf("noplugin.so", "text")}, "noplugin.so"},
+        {{"--plugin", OTHER_LIBRARY_FILE}, "CreateModuParamConfigInstance"},
+        {{"--store", "/nowhere/store.sqlite"}, "/nowhere/store.sqlite"},
+        {{"--store", fileOf("damaged.sqlite", QByteArray(5000, 'x'))}, "damaged.sqlite"},
+        {{"--fault", "when=never"}, "when=never"},
+        {{"--run", "/nowhere/samples.csv"}, "/nowhere/samples.csv"},
+        {{"--screenshot", "/nowhere/picture.png"}, "/nowhere/picture.png"},
+        {{}, "no display"},
+    };
+    for (const auto& [options, words] : rows) {
+        QCOMPARE(run(options, options.isEmpty() ? "" : "offscreen"), 1);
+        const QString message = m_process.readAllStandardError();
+        for (const QString& word : words.split(' ')) {
+            QVERIFY2(message.contains(word), qPrintable(options.join(' ') + ": " + message));
+        }
     }
 }
 
