@@ -60,8 +60,7 @@ void tst_core_client::nullTexts()
 {
     UInt length = 1;
     const QByteArray uiData =
-        "SetUIDataCommand(const UInt& moduleID, const char* paramName, const char* data, "
-        "UInt& dataLen) ";
+        "SetUIDataCommand(const UInt& moduleID, const char* paramName, const char* data, UInt& dataLen) ";
     const std::pair<std::function<void()>, QByteArray> calls[] = {
         {[] { SetRunParamCommand(1, "name", nullptr); },
          "SetRunParamCommand(UInt& moduleID, char* paramName,char* val) [val] is nullptr"},

@@ -79,7 +79,6 @@ private slots:
     void values();
     void refusals();
     void bindings();
-    void storeFaults_data();
     void storeFaults();
     void oneOwner();
     void diskFull();
@@ -94,7 +93,7 @@ private:
         return error;
     }
     CommandStatus status(const Step& step) { return step(*m_core).Status; }
-    void verifyRefused(const QByteArray& message, const Step& step)
+    void refused(const QByteArray& message, const Step& step)
     {
         const CommandResult result = step(*m_core);
         QCOMPARE(result.Status, Failed);
@@ -160,39 +159,37 @@ void tst_embedded_core::refusals()
     SUBSCRIBE_CONDITION__ fourTypes(7, "int");
     fourTypes.VarTypeNum = 4;
     const QByteArray before = bytesIn(m_file);
-    verifyRefused("unknown command Ask", step<AskCommand>());
-    verifyRefused("no module 6", step<SetRunParamCommand>(6u, "LogicalMode", "2"));
-    verifyRefused("name is empty", step<SetRunParamCommand>(7u, "", "2"));
-    verifyRefused("at most 126", step<SetRunParamCommand>(7u, QByteArray(127, 'n'), "2"));
-    verifyRefused("at most 254", step<SetBinaryDataCommand>(7u, QByteArray(255, 'n'), "2", 1u));
-    verifyRefused("at most 510", step<SetRunParamCommand>(7u, "LogicalMode", QByteArray(511, '2')));
-    verifyRefused("or too much", [](EmbeddedCore& core) {
+    refused("unknown command Ask", step<AskCommand>());
+    refused("no module 6", step<SetRunParamCommand>(6u, "LogicalMode", "2"));
+    refused("name is empty", step<SetRunParamCommand>(7u, "", "2"));
+    refused("at most 126", step<SetRunParamCommand>(7u, QByteArray(127, 'n'), "2"));
+    refused("at most 254", step<SetBinaryDataCommand>(7u, QByteArray(255, 'n'), "2", 1u));
+    refused("at most 510", step<SetRunParamCommand>(7u, "LogicalMode", QByteArray(511, '2')));
+    refused("or too much", [](EmbeddedCore& core) {
         SetBinaryDataCommand command(7, "IFText", "2", 1);
         command.DataLen = 0xffffffff;
         return core.Execute(command);
     });
-    verifyRefused("no parameter N", query<BINARY_DATA_CONDITION__, BINARY_DATA__>({7, "N"}));
-    verifyRefused("no parameter N", query<RUN_PARAM_CONDITION__, KADO_MODULE_PARAM__>({7, "N"}));
-    verifyRefused("no parameter N",
-                  query<UI_OBJECT_PARAM_INFO_CONDITION__, UI_OBJECT_PARAM_INFO__>({7, "N"}));
-    verifyRefused("no record",
-                  query<RUN_PARAM_CONDITION__, KADO_MODULE_PARAM__>({7, "LogicalMode"}, nullptr));
-    verifyRefused("the range",
-                  query<SUBSCRIBE_CONDITION__, SUBSCRIBE_TREE__>({7, static_cast<SUBSCRIBE_RANGE>(5)}));
-    verifyRefused("number of types", query<SUBSCRIBE_CONDITION__, SUBSCRIBE_TREE__>(fourTypes));
-    verifyRefused("another class or type", addIo("%int0%", "float", Input));
-    verifyRefused("another class or type", addIo("%int0%", "int", Output));
-    verifyRefused("neither an input", addIo("%int1%", "int", IOClass::Unknown));
-    verifyRefused("sub-items", addIo("%int1%", "int", Input, 1));
-    verifyRefused("no value 5.Mean", bind("%int0%", "5.Mean"));
-    verifyRefused("has type float, not int", bind("%int0%", "5.Mean.Radius"));
-    verifyRefused("does not come before module 7", bind("%int0%", "7.Own"));
-    verifyRefused("does not come before module 7", bind("%int0%", "8.Count"));
-    verifyRefused("no input %int1%", bind("%int1%", "5.Count"));
-    verifyRefused("no input %int0Out%", bind("%int0Out%", "5.Count"));
-    verifyRefused("has type int, not float", bind("%float0%End", "5.Count", SUBSCRIBE_TYPE_RUNPARAM));
-    verifyRefused("neither an IO nor", bind("%int0%", "5.Count", 2));
-    verifyRefused("name is empty", bind("", "5.Count"));
+    refused("no parameter N", query<BINARY_DATA_CONDITION__, BINARY_DATA__>({7, "N"}));
+    refused("no parameter N", query<RUN_PARAM_CONDITION__, KADO_MODULE_PARAM__>({7, "N"}));
+    refused("no parameter N", query<UI_OBJECT_PARAM_INFO_CONDITION__, UI_OBJECT_PARAM_INFO__>({7, "N"}));
+    refused("no record", query<RUN_PARAM_CONDITION__, KADO_MODULE_PARAM__>({7, "LogicalMode"}, nullptr));
+    refused("the range",
+            query<SUBSCRIBE_CONDITION__, SUBSCRIBE_TREE__>({7, static_cast<SUBSCRIBE_RANGE>(5)}));
+    refused("number of types", query<SUBSCRIBE_CONDITION__, SUBSCRIBE_TREE__>(fourTypes));
+    refused("another class or type", addIo("%int0%", "float", Input));
+    refused("another class or type", addIo("%int0%", "int", Output));
+    refused("neither an input", addIo("%int1%", "int", IOClass::Unknown));
+    refused("sub-items", addIo("%int1%", "int", Input, 1));
+    refused("no value 5.Mean", bind("%int0%", "5.Mean"));
+    refused("has type float, not int", bind("%int0%", "5.Mean.Radius"));
+    refused("does not come before module 7", bind("%int0%", "7.Own"));
+    refused("does not come before module 7", bind("%int0%", "8.Count"));
+    refused("no input %int1%", bind("%int1%", "5.Count"));
+    refused("no input %int0Out%", bind("%int0Out%", "5.Count"));
+    refused("has type int, not float", bind("%float0%End", "5.Count", SUBSCRIBE_TYPE_RUNPARAM));
+    refused("neither an IO nor", bind("%int0%", "5.Count", 2));
+    refused("name is empty", bind("", "5.Count"));
     QCOMPARE(bytesIn(m_file), before);
 }
 
@@ -227,48 +224,40 @@ void tst_embedded_core::bindings()
     QCOMPARE(status(bind("%%", "5.Mean.Radius")), Success);
 }
 
-void tst_embedded_core::storeFaults_data()
-{
-    QTest::addColumn<QString>("fault");
-    QTest::addColumn<QString>("message");
-    const QString put = " | dd of=store.db conv=notrunc ";
-    const auto row = [](const char* name, const QString& fault, const QString& message) {
-        QTest::newRow(name) << fault << message;
-    };
-    row("garbage", "echo no store at all > store.db", "not a database");
-    row("damaged", "head -c 4096 /dev/zero" + put + "bs=4096 seek=6", "is damaged: .*Page 7");
-    row("cut", "truncate -s 9000 store.db", "malformed");
-    row("newer", "printf '\\2'" + put + "bs=1 seek=63", "has version 2");
-    row("foreign", "printf '\\2'" + put + "bs=1 seek=71", "no store");
-    row("no file", "rm store.db && mkdir store.db", "is not a file");
-    row("no folder", "rm -r $PWD", "folder .*No such file");
-    row("read-only file", "chmod 0444 store.db", "readonly");
-    row("read-only folder", "chmod 0555 .", "folder .*Permission denied");
-}
-
 // A store that can't be used is told by name and left as it is.
 void tst_embedded_core::storeFaults()
 {
-    QFETCH(QString, fault);
-    QFETCH(QString, message);
-    m_core.reset();
-    QProcess shell;
-    shell.setWorkingDirectory(QFileInfo(m_file).path());
-    shell.start("sh", {"-c", "rm store.db.lock && chmod a+rwx .. . store.db && " + fault});
-    QVERIFY(shell.waitForFinished() && shell.exitCode() == 0);
-    const QByteArray before = bytesIn(m_file);
-    QString error;
-    {
+    const QString put = " | dd of=store.db conv=notrunc bs=";
+    const std::pair<QString, QString> faults[] = {
+        {"echo no store at all > store.db", "not a database"},
+        {"head -c 4096 /dev/zero" + put + "4096 seek=6", "is damaged: .*Page 7"},
+        {"truncate -s 9000 store.db", "malformed"},
+        {"printf '\\2'" + put + "1 seek=63", "has version 2"},
+        {"printf '\\2'" + put + "1 seek=71", "no store"},
+        {"rm store.db && mkdir store.db", "is not a file"},
+        {"rm -r $PWD", "folder .*No such file"},
+        {"chmod 0444 store.db", "readonly"},
+        {"chmod 0555 .", "folder .*Permission denied"},
+    };
+    for (const auto& [fault, message] : faults) {
+        init();
+        m_core.reset();
+        QProcess shell;
+        shell.setWorkingDirectory(QFileInfo(m_file).path());
+        shell.start("sh", {"-c", "rm store.db.lock && chmod a+rwx .. . store.db && " + fault});
+        QVERIFY(shell.waitForFinished() && shell.exitCode() == 0);
+        const QByteArray before = bytesIn(m_file);
         // The superuser may write everywhere; another user may not.
         const auto restore = qScopeGuard([this] {
             QCOMPARE(seteuid(getuid()), 0);
             QFile::setPermissions(QFileInfo(m_file).path(), QFile::Permissions(0x7700));
         });
         QCOMPARE(seteuid(getuid() == 0 ? 65534 : getuid()), 0);
-        error = open();
+        const QString error = open();
+        QVERIFY2(error.contains(m_file) && error.contains(QRegularExpression(message)),
+                 qPrintable(fault + ": " + error));
+        QCOMPARE(bytesIn(m_file), before);
     }
-    QVERIFY2(error.contains(m_file) && error.contains(QRegularExpression(message)), qPrintable(error));
-    QCOMPARE(bytesIn(m_file), before);
 }
 
 void tst_embedded_core::oneOwner()
@@ -283,7 +272,7 @@ void tst_embedded_core::oneOwner()
         other.setDatabaseName(m_file);
         QVERIFY(other.open());
         const QSqlQuery lock("BEGIN EXCLUSIVE", other);
-        verifyRefused("locked", command);
+        refused("locked", command);
         error = open();
     }
     QSqlDatabase::removeDatabase("other");
@@ -308,7 +297,7 @@ void tst_embedded_core::diskFull()
             std::signal(SIGXFSZ, handler);
         });
         QCOMPARE(setrlimit(RLIMIT_FSIZE, &small), 0);
-        verifyRefused("store.db failed: ", command);
+        refused("store.db failed: ", command);
     }
     QCOMPARE(ifText(), QByteArray("0\0", 2));
     QCOMPARE(status(command), Success);
