@@ -1,5 +1,4 @@
 #include "FakeCore.h"
-#include "LogCapture.h"
 
 #include <QtTest>
 
@@ -32,7 +31,6 @@ private slots:
     void nullTexts();
     void textsAreCut();
     void valuesAreCopiedDeep();
-    void onlySuccessIsSuccess();
 };
 
 void tst_core_client::resolution()
@@ -119,19 +117,6 @@ void tst_core_client::valuesAreCopiedDeep()
     QCOMPARE(second.Cast<std::string>(), std::string("text"));
     first = std::move(second);
     QVERIFY(first.Type() == typeid(std::string) && Any().Type() == typeid(void));
-}
-
-void tst_core_client::onlySuccessIsSuccess()
-{
-    FakeCore core;
-    const LogCapture log;
-    for (const CommandStatus status : {None, Success, NothingChanged, Failed}) {
-        core.fault = [status](int, const QString&) { return CommandResult(status, "磁盘 full"); };
-        SetRunParamCommand command(7, "LogicalMode", "2");
-        QCOMPARE(ExecuteOrLog(command, "[X]: failed. errmeg="), status == Success);
-    }
-    const QString line = "[X]: failed. errmeg=磁盘 full";
-    QCOMPARE(log.lines(), QStringList({line, line, line}));
 }
 
 QTEST_APPLESS_MAIN(tst_core_client)
