@@ -42,6 +42,7 @@ void tst_core_client::resolution()
         QCOMPARE(container.Resolve<ICommandService>(), &core);
         QVERIFY(container.IsRegister(IocContainar::KeyOf<ICommandService>().c_str()));
     }
+    QVERIFY(IsSuccess(Success) && !IsSuccess(None) && !IsSuccess(NothingChanged));
     QCOMPARE(thrownBy(resolve), QByteArray("Containar is not Build"));
 
     container.Build();
