@@ -14,7 +14,7 @@ namespace {
 // The record whose fields are being listed, and where the next of them can begin at the earliest.
 struct Progress
 {
-    const char* type = nullptr;
+    const char* type = "";
     std::size_t size = 0;
     std::size_t alignment = 1;
     std::size_t end = 0;
@@ -22,42 +22,19 @@ struct Progress
 Progress s_progress;
 bool s_isComplete = true;
 
-std::size_t aligned(std::size_t offset, std::size_t alignment)
+void advance(const char* entry, std::size_t offset, std::size_t size, std::size_t alignment)
 {
-    return (offset + alignment - 1) / alignment * alignment;
-}
-
-void check(bool isRight, const char* type, const char* before)
-{
-    if (!isRight) {
-        std::fprintf(stderr, "%s: an entry is missing before %s\n", type, before);
+    if (offset != (s_progress.end + alignment - 1) / alignment * alignment) {
+        std::fprintf(stderr, "%s: an entry is missing before %s\n", s_progress.type, entry);
         s_isComplete = false;
     }
-}
-
-void endRecord()
-{
-    if (s_progress.type) {
-        check(aligned(s_progress.end, s_progress.alignment) == s_progress.size, s_progress.type, "its end");
-    }
-    s_progress.type = nullptr;
-}
-
-template <typename Type>
-void beginRecord(const char* name)
-{
-    endRecord();
-    const std::size_t start = std::is_polymorphic_v<Type> ? sizeof(void*)
-                              : std::is_enum_v<Type>      ? sizeof(Type)
-                                                          : 0;
-    s_progress = {name, sizeof(Type), alignof(Type), start};
-}
-
-void addField(const char* type, const char* field, std::size_t offset, std::size_t size,
-              std::size_t alignment)
-{
-    check(offset == aligned(s_progress.end, alignment), type, field);
     s_progress.end = offset + size;
+}
+
+void beginRecord(const Progress& next)
+{
+    advance("its end", s_progress.size, 0, s_progress.alignment);
+    s_progress = next;
 }
 
 // The Itanium C++ ABI keeps the offset in the virtual table in the first word of such a pointer; what marks
@@ -77,18 +54,20 @@ namespace ZelCore::BinaryContract {
 
 void print()
 {
+#define QIF_BEGIN(kind, type, end)                                                                           \
+    beginRecord({#type, sizeof(type), alignof(type), end});                                                  \
+    std::printf("\n" kind "(%s, %zu, %zu)\n", #type, sizeof(type), alignof(type));
 #define QIF_RECORD(type, size, alignment)                                                                    \
-    beginRecord<type>(#type);                                                                                \
-    std::printf("\nQIF_RECORD(%s, %zu, %zu)\n", #type, sizeof(type), alignof(type));
-#define QIF_OPAQUE(type, size, alignment)                                                                    \
-    endRecord();                                                                                             \
-    std::printf("\nQIF_OPAQUE(%s, %zu, %zu)\n", #type, sizeof(type), alignof(type));
+    QIF_BEGIN("QIF_RECORD", type,                                                                            \
+              std::is_enum_v<type>          ? sizeof(type)                                                   \
+              : std::is_polymorphic_v<type> ? sizeof(void*)                                                  \
+                                            : 0)
+#define QIF_OPAQUE(type, size, alignment) QIF_BEGIN("QIF_OPAQUE", type, sizeof(type))
 #define QIF_BASE(type, base, size)                                                                           \
     s_progress.end = sizeof(base);                                                                           \
     std::printf("QIF_BASE(%s, %s, %zu)\n", #type, #base, sizeof(base));
 #define QIF_FIELD(type, field, offset, size)                                                                 \
-    addField(#type, #field, offsetof(type, field), sizeOf<decltype(type::field)>,                            \
-             alignof(decltype(type::field)));                                                                \
+    advance(#field, offsetof(type, field), sizeOf<decltype(type::field)>, alignof(decltype(type::field)));   \
     std::printf("QIF_FIELD(%s, %s, %zu, %zu)\n", #type, #field, offsetof(type, field),                       \
                 sizeOf<decltype(type::field)>);
 #define QIF_VALUE(type, enumerator, value)                                                                   \
@@ -97,6 +76,7 @@ void print()
     std::printf("QIF_SLOT(%s, %s, %s, %zu)\n", #type, #function, #signature,                                 \
                 slotOf<type, signature>(&type::function));
 #include "core_client/BinaryLayout.h"
+    beginRecord({});
 }
 
 } // namespace ZelCore::BinaryContract
@@ -106,6 +86,5 @@ void print()
 int main()
 {
     ZelCore::BinaryContract::print();
-    endRecord();
     return s_isComplete ? EXIT_SUCCESS : EXIT_FAILURE;
 }

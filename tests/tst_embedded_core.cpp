@@ -12,14 +12,12 @@
 #include <unistd.h>
 
 #include <csignal>
-#include <functional>
 
 using namespace ZelCore;
 
-using Step = std::function<CommandResult(EmbeddedCore&)>;
-Q_DECLARE_METATYPE(Step)
-
 namespace {
+
+using Step = std::function<CommandResult(EmbeddedCore&)>;
 
 Flow flowWithBlob(const QByteArray& id = "5")
 {
@@ -78,51 +76,41 @@ class tst_embedded_core : public QObject
 
 private slots:
     void init();
-    void values_data();
     void values();
-    void refusals_data();
     void refusals();
-    void ios();
     void bindings();
-    void storeFaults_data();
     void storeFaults();
     void oneOwner();
     void diskFull();
 
 private:
     // Closes the core and opens one on the same file; what went wrong, if anything.
-    QString open(const Flow& flow = flowWithBlob());
+    QString open(const QByteArray& blobId = "5")
+    {
+        QString error;
+        m_core.reset();
+        m_core = EmbeddedCore::open(flowWithBlob(blobId), m_file, &error);
+        return error;
+    }
     CommandStatus status(const Step& step) { return step(*m_core).Status; }
-    void verifyRefused(const Step& step, const QByteArray& message);
-    QByteArray ifText();
+    void refused(const QByteArray& message, const Step& step)
+    {
+        const CommandResult result = step(*m_core);
+        QCOMPARE(result.Status, Failed);
+        QVERIFY2(QByteArray(result.Message).contains(message), message + ": " + result.Message);
+    }
+    QByteArray ifText()
+    {
+        BINARY_DATA__ record;
+        status(query(BINARY_DATA_CONDITION__(7, "IFText"), &record));
+        return {record.Items(), static_cast<int>(record.Num())};
+    }
 
     QTemporaryDir m_folder;
     int m_count = 0;
     QString m_file;
     std::unique_ptr<EmbeddedCore> m_core;
 };
-
-QString tst_embedded_core::open(const Flow& flow)
-{
-    QString error;
-    m_core.reset();
-    m_core = EmbeddedCore::open(flow, m_file, &error);
-    return error;
-}
-
-void tst_embedded_core::verifyRefused(const Step& step, const QByteArray& message)
-{
-    const CommandResult result = step(*m_core);
-    QCOMPARE(result.Status, Failed);
-    QVERIFY2(QByteArray(result.Message).contains(message), result.Message);
-}
-
-QByteArray tst_embedded_core::ifText()
-{
-    BINARY_DATA__ record;
-    status(query(BINARY_DATA_CONDITION__(7, "IFText"), &record));
-    return {record.Items(), static_cast<int>(record.Num())};
-}
 
 // A store of its own for each row, with an input, its binding and an output.
 void tst_embedded_core::init()
@@ -137,39 +125,32 @@ void tst_embedded_core::init()
     QCOMPARE(status(bind("%int0%", "5.Count")), Success);
 }
 
-void tst_embedded_core::values_data()
-{
-    QTest::addColumn<QByteArray>("value");
-    QTest::newRow("empty") << QByteArray("");
-    QTest::newRow("text") << QByteArray("%int0%:0:1:孔;");
-    QTest::newRow("bytes") << QByteArray("a\0\xff", 3);
-}
-
 void tst_embedded_core::values()
 {
-    QFETCH(QByteArray, value);
     KADO_MODULE_PARAM__ text;
     UI_OBJECT_PARAM_INFO__ ui;
     const auto queryText = query(RUN_PARAM_CONDITION__(7, "LogicalMode"), &text);
     QCOMPARE(status(queryText), Success);
     QCOMPARE(text.strParamValue, "1");
-    for (const QByteArray& bytes : {QByteArray("former"), value}) {
+    for (const QByteArray& bytes : {QByteArray("%int0%:0:1:孔;"), QByteArray("a\0\xff", 3), QByteArray("")}) {
         const UInt length = static_cast<UInt>(bytes.size());
         QCOMPARE(status(step<SetBinaryDataCommand>(7u, "IFText", bytes, length, 5000u)), Success);
         QCOMPARE(status(step<SetUIDataCommand>(7u, "@%int0%Start", bytes, length)), Success);
         QCOMPARE(status(step<SetRunParamCommand>(7u, "LogicalMode", bytes)), Success);
+        QCOMPARE(open(), QString());
+        QCOMPARE(ifText(), bytes + '\0');
+        QCOMPARE(status(query(UI_OBJECT_PARAM_INFO_CONDITION__(7, "@%int0%Start"), &ui)), Success);
+        QCOMPARE(QByteArray(ui.Items(), static_cast<int>(ui.Num())), bytes + '\0');
+        QCOMPARE(status(queryText), Success);
+        QCOMPARE(text.strParamValue, bytes.constData());
     }
-    QCOMPARE(open(), QString());
-    QCOMPARE(ifText(), value + '\0');
-    QCOMPARE(status(query(UI_OBJECT_PARAM_INFO_CONDITION__(7, "@%int0%Start"), &ui)), Success);
-    QCOMPARE(QByteArray(ui.Items(), static_cast<int>(ui.Num())), value + '\0');
-    QCOMPARE(status(queryText), Success);
-    QCOMPARE(text.strParamValue, value.constData());
-    QCOMPARE(status(step<DeleteUIDataCommand>(7u, "@%int0%Start")), Success);
-    QCOMPARE(status(step<DeleteUIDataCommand>(7u, "@%int0%Start")), NothingChanged);
+    for (const CommandStatus expected : {Success, NothingChanged}) {
+        QCOMPARE(status(step<DeleteUIDataCommand>(7u, "@%int0%Start")), expected);
+    }
 }
 
-void tst_embedded_core::refusals_data()
+// Says why, and leaves the store as it was.
+void tst_embedded_core::refusals()
 {
     struct AskCommand : Command
     {
@@ -177,61 +158,39 @@ void tst_embedded_core::refusals_data()
     };
     SUBSCRIBE_CONDITION__ fourTypes(7, "int");
     fourTypes.VarTypeNum = 4;
-    QTest::addColumn<Step>("command");
-    QTest::addColumn<QByteArray>("message");
-    int count = 0;
-    const auto row = [&count](const QByteArray& message, const Step& command) {
-        QTest::addRow("%d: %s", ++count, message.constData()) << command << message;
-    };
-    row("unknown command Ask", step<AskCommand>());
-    row("no module 6", step<SetRunParamCommand>(6u, "LogicalMode", "2"));
-    row("name is empty", step<SetRunParamCommand>(7u, "", "2"));
-    row("at most 126", step<SetRunParamCommand>(7u, QByteArray(127, 'n'), "2"));
-    row("at most 254", step<SetBinaryDataCommand>(7u, QByteArray(255, 'n'), "2", 1u));
-    row("at most 510", step<SetRunParamCommand>(7u, "LogicalMode", QByteArray(511, '2')));
-    row("or too much", [](EmbeddedCore& core) {
+    const QByteArray before = bytesIn(m_file);
+    refused("unknown command Ask", step<AskCommand>());
+    refused("no module 6", step<SetRunParamCommand>(6u, "LogicalMode", "2"));
+    refused("name is empty", step<SetRunParamCommand>(7u, "", "2"));
+    refused("at most 126", step<SetRunParamCommand>(7u, QByteArray(127, 'n'), "2"));
+    refused("at most 254", step<SetBinaryDataCommand>(7u, QByteArray(255, 'n'), "2", 1u));
+    refused("at most 510", step<SetRunParamCommand>(7u, "LogicalMode", QByteArray(511, '2')));
+    refused("or too much", [](EmbeddedCore& core) {
         SetBinaryDataCommand command(7, "IFText", "2", 1);
         command.DataLen = 0xffffffff;
         return core.Execute(command);
     });
-    row("no parameter N", query<BINARY_DATA_CONDITION__, BINARY_DATA__>({7, "N"}));
-    row("no parameter N", query<RUN_PARAM_CONDITION__, KADO_MODULE_PARAM__>({7, "N"}));
-    row("no parameter N", query<UI_OBJECT_PARAM_INFO_CONDITION__, UI_OBJECT_PARAM_INFO__>({7, "N"}));
-    row("no record", query<RUN_PARAM_CONDITION__, KADO_MODULE_PARAM__>({7, "LogicalMode"}, nullptr));
-    row("the range", query<SUBSCRIBE_CONDITION__, SUBSCRIBE_TREE__>({7, static_cast<SUBSCRIBE_RANGE>(5)}));
-    row("number of types", query<SUBSCRIBE_CONDITION__, SUBSCRIBE_TREE__>(fourTypes));
-    row("another class or type", addIo("%int0%", "float", Input));
-    row("another class or type", addIo("%int0%", "int", Output));
-    row("neither an input", addIo("%int1%", "int", IOClass::Unknown));
-    row("sub-items", addIo("%int1%", "int", Input, 1));
-    row("no value 5.Mean", bind("%int0%", "5.Mean"));
-    row("has type float, not int", bind("%int0%", "5.Mean.Radius"));
-    row("does not come before module 7", bind("%int0%", "7.Own"));
-    row("does not come before module 7", bind("%int0%", "8.Count"));
-    row("no input %int1%", bind("%int1%", "5.Count"));
-    row("no input %int0Out%", bind("%int0Out%", "5.Count"));
-    row("has type int, not float", bind("%float0%End", "5.Count", SUBSCRIBE_TYPE_RUNPARAM));
-    row("neither an IO nor", bind("%int0%", "5.Count", 2));
-    row("name is empty", bind("", "5.Count"));
-}
-
-// Says why, and leaves the store as it was.
-void tst_embedded_core::refusals()
-{
-    QFETCH(Step, command);
-    QFETCH(QByteArray, message);
-    const QByteArray before = bytesIn(m_file);
-    verifyRefused(command, message);
+    refused("no parameter N", query<BINARY_DATA_CONDITION__, BINARY_DATA__>({7, "N"}));
+    refused("no parameter N", query<RUN_PARAM_CONDITION__, KADO_MODULE_PARAM__>({7, "N"}));
+    refused("no parameter N", query<UI_OBJECT_PARAM_INFO_CONDITION__, UI_OBJECT_PARAM_INFO__>({7, "N"}));
+    refused("no record", query<RUN_PARAM_CONDITION__, KADO_MODULE_PARAM__>({7, "LogicalMode"}, nullptr));
+    refused("the range",
+            query<SUBSCRIBE_CONDITION__, SUBSCRIBE_TREE__>({7, static_cast<SUBSCRIBE_RANGE>(5)}));
+    refused("number of types", query<SUBSCRIBE_CONDITION__, SUBSCRIBE_TREE__>(fourTypes));
+    refused("another class or type", addIo("%int0%", "float", Input));
+    refused("another class or type", addIo("%int0%", "int", Output));
+    refused("neither an input", addIo("%int1%", "int", IOClass::Unknown));
+    refused("sub-items", addIo("%int1%", "int", Input, 1));
+    refused("no value 5.Mean", bind("%int0%", "5.Mean"));
+    refused("has type float, not int", bind("%int0%", "5.Mean.Radius"));
+    refused("does not come before module 7", bind("%int0%", "7.Own"));
+    refused("does not come before module 7", bind("%int0%", "8.Count"));
+    refused("no input %int1%", bind("%int1%", "5.Count"));
+    refused("no input %int0Out%", bind("%int0Out%", "5.Count"));
+    refused("has type int, not float", bind("%float0%End", "5.Count", SUBSCRIBE_TYPE_RUNPARAM));
+    refused("neither an IO nor", bind("%int0%", "5.Count", 2));
+    refused("name is empty", bind("", "5.Count"));
     QCOMPARE(bytesIn(m_file), before);
-}
-
-// A condition's name may be used again; an input without a type takes any value.
-void tst_embedded_core::ios()
-{
-    QCOMPARE(status(addIo("%%", "", Input)), Success);
-    QCOMPARE(open(), QString());
-    QCOMPARE(status(addIo("%%", "", Input)), Success);
-    QCOMPARE(status(bind("%%", "5.Mean.Radius")), Success);
 }
 
 void tst_embedded_core::bindings()
@@ -243,7 +202,7 @@ void tst_embedded_core::bindings()
     };
     QCOMPARE(shown("%int0%", SUBSCRIBE_TYPE_RUNPARAM), QString("2"));
     QCOMPARE(status(bind("%float0%End", "5.Mean.Radius", SUBSCRIBE_TYPE_RUNPARAM)), Success);
-    QCOMPARE(open(flowWithBlob("6")), QString());
+    QCOMPARE(open("6"), QString());
     QCOMPARE(shown("%int0%"), QString("15.Count?"));
     QCOMPARE(open(), QString());
     QCOMPARE(shown("%int0%"), QString("15.Count"));
@@ -257,50 +216,48 @@ void tst_embedded_core::bindings()
     QCOMPARE(status(remove("%int0Out%:output")), NothingChanged);
     QCOMPARE(status(bind("%float0%End", "", SUBSCRIBE_TYPE_RUNPARAM)), Success);
     QCOMPARE(shown("%float0%End", SUBSCRIBE_TYPE_RUNPARAM), QString("2"));
-}
 
-void tst_embedded_core::storeFaults_data()
-{
-    QTest::addColumn<QString>("fault");
-    QTest::addColumn<QString>("message");
-    const QString put = " | dd of=store.db conv=notrunc ";
-    const auto row = [](const char* name, const QString& fault, const QString& message) {
-        QTest::newRow(name) << fault << message;
-    };
-    row("garbage", "echo no store at all > store.db", "not a database");
-    row("damaged", "head -c 4096 /dev/zero" + put + "bs=4096 seek=6", "is damaged: .*Page 7");
-    row("cut", "truncate -s 9000 store.db", "malformed");
-    row("newer", "printf '\\2'" + put + "bs=1 seek=63", "has version 2");
-    row("foreign", "printf '\\2'" + put + "bs=1 seek=71", "no store");
-    row("no file", "rm store.db && mkdir store.db", "is not a file");
-    row("no folder", "rm -r $PWD", "folder .*No such file");
-    row("read-only file", "chmod 0444 store.db", "readonly");
-    row("read-only folder", "chmod 0555 .", "folder .*Permission denied");
+    // A condition's name may be used again; an input without a type takes any value.
+    QCOMPARE(status(addIo("%%", "", Input)), Success);
+    QCOMPARE(open(), QString());
+    QCOMPARE(status(addIo("%%", "", Input)), Success);
+    QCOMPARE(status(bind("%%", "5.Mean.Radius")), Success);
 }
 
 // A store that can't be used is told by name and left as it is.
 void tst_embedded_core::storeFaults()
 {
-    QFETCH(QString, fault);
-    QFETCH(QString, message);
-    m_core.reset();
-    QProcess shell;
-    shell.setWorkingDirectory(QFileInfo(m_file).path());
-    shell.start("sh", {"-c", "rm store.db.lock && chmod a+rwx .. . store.db && " + fault});
-    QVERIFY(shell.waitForFinished() && shell.exitCode() == 0);
-    const QByteArray before = bytesIn(m_file);
-    QString error;
-    {
+    const QString put = " | dd of=store.db conv=notrunc bs=";
+    const std::pair<QString, QString> faults[] = {
+        {"echo no store at all > store.db", "not a database"},
+        {"head -c 4096 /dev/zero" + put + "4096 seek=6", "is damaged: .*Page 7"},
+        {"truncate -s 9000 store.db", "malformed"},
+        {"printf '\\2'" + put + "1 seek=63", "has version 2"},
+        {"printf '\\2'" + put + "1 seek=71", "no store"},
+        {"rm store.db && mkdir store.db", "is not a file"},
+        {"rm -r $PWD", "folder .*No such file"},
+        {"chmod 0444 store.db", "readonly"},
+        {"chmod 0555 .", "folder .*Permission denied"},
+    };
+    for (const auto& [fault, message] : faults) {
+        init();
+        m_core.reset();
+        QProcess shell;
+        shell.setWorkingDirectory(QFileInfo(m_file).path());
+        shell.start("sh", {"-c", "rm store.db.lock && chmod a+rwx .. . store.db && " + fault});
+        QVERIFY(shell.waitForFinished() && shell.exitCode() == 0);
+        const QByteArray before = bytesIn(m_file);
         // The superuser may write everywhere; another user may not.
         const auto restore = qScopeGuard([this] {
             QCOMPARE(seteuid(getuid()), 0);
             QFile::setPermissions(QFileInfo(m_file).path(), QFile::Permissions(0x7700));
         });
         QCOMPARE(seteuid(getuid() == 0 ? 65534 : getuid()), 0);
-        error = open();
+        const QString error = open();
+        QVERIFY2(error.contains(m_file) && error.contains(QRegularExpression(message)),
+                 qPrintable(fault + ": " + error));
+        QCOMPARE(bytesIn(m_file), before);
     }
-    QVERIFY2(error.contains(m_file) && error.contains(QRegularExpression(message)), qPrintable(error));
-    QCOMPARE(bytesIn(m_file), before);
 }
 
 void tst_embedded_core::oneOwner()
@@ -315,7 +272,7 @@ void tst_embedded_core::oneOwner()
         other.setDatabaseName(m_file);
         QVERIFY(other.open());
         const QSqlQuery lock("BEGIN EXCLUSIVE", other);
-        verifyRefused(command, "locked");
+        refused("locked", command);
         error = open();
     }
     QSqlDatabase::removeDatabase("other");
@@ -340,7 +297,7 @@ void tst_embedded_core::diskFull()
             std::signal(SIGXFSZ, handler);
         });
         QCOMPARE(setrlimit(RLIMIT_FSIZE, &small), 0);
-        verifyRefused(command, "store.db failed: ");
+        refused("store.db failed: ", command);
     }
     QCOMPARE(ifText(), QByteArray("0\0", 2));
     QCOMPARE(status(command), Success);

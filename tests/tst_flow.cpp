@@ -4,8 +4,6 @@
 #include <QElapsedTimer>
 #include <QtTest>
 
-#include <algorithm>
-
 using namespace ZelCore;
 
 namespace {
@@ -57,12 +55,8 @@ class tst_flow : public QObject
 
 private slots:
     void outputs();
-    void errors_data();
     void errors();
-    void unreadable();
-    void trees_data();
     void trees();
-    void deepestTree();
     void treeGrowth();
 };
 
@@ -71,98 +65,66 @@ void tst_flow::outputs()
     const auto flow = flowOf(sample);
     UInt module = 0;
     const FlowOutput* const output = flow->output("9.Mean.Code", &module);
-    QVERIFY(output);
-    QCOMPARE(output->type, QString("string"));
-    QCOMPARE(output->value, QJsonValue("A.1"));
-    QCOMPARE(module, 9u);
+    QVERIFY(output && output->type == "string" && output->value == "A.1" && module == 9);
     for (const char* none : {"", "9", "9.", "9.Mean", "9.Nothing", "9.Count.x", "4.Count", "09.Count", "x"}) {
         QVERIFY2(!flow->output(none, &module), none);
     }
 }
 
-void tst_flow::errors_data()
-{
-    QTest::addColumn<QByteArray>("json");
-    QTest::addColumn<QString>("error");
-    const auto row = [](const char* name, const QByteArray& json, const QString& error) {
-        QTest::newRow(name) << json << error;
-    };
-    const auto module = [](const QByteArray& members) {
-        return R"({"name": "f", "modules": [{"id": 1, "name": "m", "kind": "k"}, {)" + members + "}]}";
-    };
-    const QString first = "modules[0].outputs[0]";
-    row("empty", "", "line 1, column 1: expected JSON");
-    row("no JSON", "{\n \"a\" 1}", "line 2, column 6: expected JSON");
-    row("list", "[]", "the whole file: expected an object");
-    row("no name", "{}", "name: expected a text");
-    row("no modules", R"({"name": "f"})", "modules: expected a list");
-    for (const char* bad : {"0", "1", "2.5", "\"2\"", "2147483648"}) {
-        row(bad, module(QByteArray(R"("id": )") + bad), "modules[1].id: expected a whole number from 1");
-    }
-    row("no kind", module(R"("id": 2, "name": "m")"), "modules[1].kind: expected a text");
-    row("long name", module(R"("id": 2, "name": ")" + QByteArray(128, 'm') + '"'),
-        "modules[1].name: expected at most 127");
-    row("no output", withOutputs("1"), first + ": expected an object");
-    row("dotted", withOutputs(R"({"name": "a.b", "type": "int"})"), first + ".name: expected a name without");
-    row("twice", withOutputs(nested(1) + ',' + nested(1)), "modules[0].outputs[1].name: expected a name");
-    row("type", withOutputs(R"({"name": "a", "type": "long"})"), first + ".type: expected \"int\"");
-    row("value", withOutputs(R"({"name": "a", "type": "int", "value": 0.5})"),
-        first + ".value: expected a value");
-    row("long path", withOutputs(nested(3, QByteArray(90, 'n'))),
-        first + ".outputs[0].outputs[0]: expected names");
-    row("too deep", withOutputs(nested(65)),
-        "modules[0]" + QString(".outputs[0]").repeated(64) + ".outputs: expected at most 64");
-}
-
 void tst_flow::errors()
 {
-    QFETCH(QByteArray, json);
-    QFETCH(QString, error);
-    QString told;
-    QVERIFY(!flowOf(json, &told));
-    QVERIFY2(told.startsWith("FILE: " + error), qPrintable(told));
-}
-
-void tst_flow::unreadable()
-{
-    for (const QString& file : {QStringLiteral("/no/such/flow.json"), QStringLiteral("/tmp")}) {
-        QString error;
-        QVERIFY(!Flow::load(file, &error));
-        QVERIFY2(error.startsWith(file + ": ") && !error.contains("JSON"), qPrintable(error));
+    const auto second = [](const QByteArray& members) {
+        return R"({"name": "f", "modules": [{"id": 1, "name": "m", "kind": "k"}, {)" + members + "}]}";
+    };
+    const QByteArray first = "modules[0].outputs[0]";
+    QVector<std::pair<QByteArray, QByteArray>> rows = {
+        {"", "line 1, column 1: expected JSON"},
+        {"{\n \"a\" 1}", "line 2, column 6: expected JSON"},
+        {"[]", "the whole file: expected an object"},
+        {"{}", "name: expected a text"},
+        {R"({"name": "f"})", "modules: expected a list"},
+        {second(R"("id": 2, "name": "m")"), "modules[1].kind: expected a text"},
+        {second(R"("id": 2, "name": ")" + QByteArray(128, 'm') + '"'),
+         "modules[1].name: expected at most 127"},
+        {withOutputs("1"), first + ": expected an object"},
+        {withOutputs(R"({"name": "a.b", "type": "int"})"), first + ".name: expected a name without"},
+        {withOutputs(nested(1) + ',' + nested(1)), "modules[0].outputs[1].name: expected a name"},
+        {withOutputs(R"({"name": "a", "type": "long"})"), first + ".type: expected \"int\""},
+        {withOutputs(R"({"name": "a", "type": "int", "value": 0.5})"), first + ".value: expected a value"},
+        {withOutputs(nested(3, QByteArray(90, 'n'))), first + ".outputs[0].outputs[0]: expected names"},
+        {withOutputs(nested(65)),
+         "modules[0]" + QByteArray(".outputs[0]").repeated(64) + ".outputs: expected at most 64"},
+    };
+    for (const char* bad : {"0", "1", "2.5", "\"2\"", "2147483648"}) {
+        rows.append({second(QByteArray(R"("id": )") + bad), "modules[1].id: expected a whole number from 1"});
     }
-}
-
-void tst_flow::trees_data()
-{
-    QTest::addColumn<int>("range");
-    QTest::addColumn<QStringList>("types");
-    QTest::addColumn<QString>("tree");
-    const QStringList ints = {"int"};
-    const QString before = "9 斑点{Count=9.Count Mean{Pixels{Area=9.Mean.Pixels.Area}}}";
-    const QString own = "5 Check{Result=5.Result}";
-    QTest::newRow("before") << int(PreModules) << ints << before;
-    QTest::newRow("own") << int(InternalAndCur) << ints << own;
-    QTest::newRow("before and own") << int(PreAndCur) << ints << before + ' ' + own;
-    QTest::newRow("two types") << int(ParentAndPre) << QStringList{"float", "string"}
-                               << "3 Camera{Gain=3.Gain} 9 斑点{Mean{Radius=9.Mean.Radius Code=9.Mean.Code}}";
-    QTest::newRow("all types") << int(CurModule) << QStringList() << own;
-    QTest::newRow("inner") << int(InternalModules) << ints << QString();
-    QTest::newRow("parent") << int(ParentModule) << ints << QString();
+    QString told;
+    for (const auto& [json, error] : qAsConst(rows)) {
+        QVERIFY2(!flowOf(json, &told) && told.startsWith("FILE: " + error), qPrintable(json + told));
+    }
+    for (const QString file : {"/no/such/flow.json", "/tmp"}) {
+        QVERIFY(!Flow::load(file, &told));
+        QVERIFY2(told.startsWith(file + ": ") && !told.contains("JSON"), qPrintable(told));
+    }
 }
 
 void tst_flow::trees()
 {
-    QFETCH(int, range);
-    QFETCH(QStringList, types);
-    const auto tree = SubscribeTree::build(*flowOf(sample), 5, static_cast<SUBSCRIBE_RANGE>(range), types);
-    QTEST(shown(tree), "tree");
-}
-
-void tst_flow::deepestTree()
-{
-    const auto flow = flowOf(withOutputs(nested(64)));
-    QVERIFY(flow);
-    QCOMPARE(shown(SubscribeTree::build(*flow, 1, CurModule, {"int"})).count("n{"), 63);
+    const auto flow = flowOf(sample);
+    const auto tree = [&flow](SUBSCRIBE_RANGE range, const QStringList& types) {
+        return shown(SubscribeTree::build(*flow, 5, range, types));
+    };
+    const QString before = "9 斑点{Count=9.Count Mean{Pixels{Area=9.Mean.Pixels.Area}}}";
+    const QString own = "5 Check{Result=5.Result}";
+    QCOMPARE(tree(PreModules, {"int"}), before);
+    QCOMPARE(tree(InternalAndCur, {"int"}), own);
+    QCOMPARE(tree(PreAndCur, {"int"}), before + ' ' + own);
+    QCOMPARE(tree(ParentAndPre, {"float", "string"}),
+             QString("3 Camera{Gain=3.Gain} 9 斑点{Mean{Radius=9.Mean.Radius Code=9.Mean.Code}}"));
+    QCOMPARE(tree(CurModule, {}), own);
+    QCOMPARE(tree(InternalModules, {"int"}) + tree(ParentModule, {"int"}), QString());
+    const auto deep = flowOf(withOutputs(nested(64)));
+    QCOMPARE(shown(SubscribeTree::build(deep.value(), 1, CurModule, {"int"})).count("n{"), 63);
 }
 
 // Eight times the modules may take somewhat more than eight times as long, not sixty-four times.
@@ -175,18 +137,16 @@ void tst_flow::treeGrowth()
                          nested(1) + "]}";
         }
         const auto flow = flowOf(R"({"name": "f", "modules": [)" + items.join(',') + "]}");
-        qint64 best = std::numeric_limits<qint64>::max();
+        QElapsedTimer timer;
+        timer.start();
         for (int i = 0; i < 5; ++i) {
-            QElapsedTimer timer;
-            timer.start();
             SubscribeTree::build(*flow, static_cast<UInt>(modules), PreModules, {"int"});
-            best = std::min(best, timer.nsecsElapsed());
         }
-        return best;
+        return timer.nsecsElapsed();
     };
     const qint64 few = timeOf(1000);
     const qint64 many = timeOf(8000);
-    QVERIFY2(many < 24 * few, qPrintable(QStringLiteral("%1 ns, then %2 ns").arg(few).arg(many)));
+    QVERIFY2(many < 24 * few, qPrintable(QString("%1 ns, then %2 ns").arg(few).arg(many)));
 }
 
 QTEST_APPLESS_MAIN(tst_flow)

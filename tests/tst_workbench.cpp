@@ -13,36 +13,41 @@ class tst_workbench : public QObject
     Q_OBJECT
 
 private slots:
-    void errors_data();
     void errors();
-    void needsADisplay();
     void helpAndVersion();
     void picture();
-    void goesOnAfterAnException();
     void runAndDump();
     void oneWorkbenchForAStore();
 
 private:
     // The store of the test's folder, unless the options name another.
-    QProcess* start(QStringList options, const QString& platform = QStringLiteral("offscreen"))
+    void start(const QStringList& options, const QString& platform = {})
     {
-        if (!options.contains(QStringLiteral("--store"))) {
-            options << QStringLiteral("--store") << store();
-        }
-        auto* const process = new QProcess(this);
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.remove(QStringLiteral("DISPLAY"));
-        environment.remove(QStringLiteral("WAYLAND_DISPLAY"));
-        environment.remove(QStringLiteral("QT_QPA_PLATFORM"));
-        if (!platform.isEmpty()) {
-            environment.insert(QStringLiteral("QT_QPA_PLATFORM"), platform);
+        for (const char* const display : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"}) {
+            environment.remove(display);
         }
-        environment.insert(QStringLiteral("XDG_CONFIG_HOME"), m_folder.path());
-        process->setProcessEnvironment(environment);
-        process->start(QStringLiteral(IF_WORKBENCH_FILE), options);
-        return process;
+        if (!platform.isEmpty()) {
+            environment.insert("QT_QPA_PLATFORM", platform);
+        }
+        environment.insert("XDG_CONFIG_HOME", m_folder.path());
+        m_process.setProcessEnvironment(environment);
+        const QStringList stored = {"--store", m_folder.filePath("store.sqlite")};
+        m_process.start(IF_WORKBENCH_FILE, options.contains("--store") ? options : options + stored);
     }
-    QString store() const { return m_folder.filePath(QStringLiteral("store.sqlite")); }
+    // Its exit code.
+    int run(const QStringList& options, const QString& platform = {})
+    {
+        start(options, platform);
+        return m_process.waitForFinished() ? m_process.exitCode() : -1;
+    }
+    QString inStore(const char* statement)
+    {
+        auto database = QSqlDatabase::addDatabase("QSQLITE");
+        database.setDatabaseName(m_folder.filePath("store.sqlite"));
+        QSqlQuery query(database.open() ? statement : "", database);
+        return query.next() ? query.value(0).toString() : QString();
+    }
     QString fileOf(const QString& name, const QByteArray& content) const
     {
         QFile file(m_folder.filePath(name));
@@ -50,133 +55,91 @@ private:
     }
 
     QTemporaryDir m_folder;
+    QProcess m_process;
 };
 
-void tst_workbench::errors_data()
-{
-    QTest::addColumn<QStringList>("options");
-    QTest::addColumn<QStringList>("words"); // of the message
-    const QString noFlow = fileOf(QStringLiteral("bad.json"), R"({"name": "x", "modules": [{"id": 0}]})");
-    const QString damaged = fileOf(QStringLiteral("damaged.sqlite"), QByteArray(5000, 'x'));
-    const QString noPlugin = fileOf(QStringLiteral("noplugin.so"), "text");
-    const auto row = [](const char* tag, const QStringList& options, const QStringList& words) {
-        QTest::newRow(tag) << options << words;
-    };
-    row("unknown option", {"--wrong"}, {"wrong"});
-    row("argument", {"file.json"}, {"file.json"});
-    row("no number", {"--module", "seven"}, {"seven"});
-    row("unknown module", {"--module", "8"}, {"nuclei.json", "8"});
-    row("no flow file", {"--flow", "/nowhere/flow.json"}, {"/nowhere/flow.json"});
-    row("bad flow", {"--flow", noFlow}, {"bad.json", "modules[0].id"});
-    row("no plug-in", {"--plugin", noPlugin}, {"noplugin.so"});
-    row("plug-in without the symbols", {"--plugin", QStringLiteral(OTHER_LIBRARY_FILE)},
-        {"CreateModuParamConfigInstance"});
-    row("no folder for the store", {"--store", "/nowhere/store.sqlite"}, {"/nowhere/store.sqlite"});
-    row("damaged store", {"--store", damaged}, {"damaged.sqlite"});
-    row("bad fault", {"--fault", "when=never"}, {"when=never"});
-    row("no samples", {"--run", "/nowhere/samples.csv"}, {"/nowhere/samples.csv"});
-    row("picture", {"--screenshot", "/nowhere/picture.png"}, {"/nowhere/picture.png"});
-}
-
+// The words that the message has.
 void tst_workbench::errors()
 {
-    QFETCH(QStringList, options);
-    QFETCH(QStringList, words);
-    QProcess* const workbench = start(options);
-    QVERIFY(workbench->waitForFinished());
-    const QString message = QString::fromUtf8(workbench->readAllStandardError());
-    QCOMPARE(workbench->exitCode(), 1);
-    for (const QString& word : qAsConst(words)) {
-        QVERIFY2(message.contains(word), qPrintable(message));
+    const std::pair<QStringList, QString> rows[] = {
+        {{"--wrong"}, "wrong"},
+        {{"file.json"}, "file.json"},
+        {{"--module", "seven"}, "seven"},
+        {{"--module", "8"}, "nuclei.json 8"},
+        {{"--flow", "/nowhere/flow.json"}, "/nowhere/flow.json"},
+        {{"--flow", fileOf("bad.json", R"({"name": "x", "modules": [{"id": 0}]})")},
+         "bad.json modules[0].id"},
+        {{"--plugin", fileOf("noplugin.so", "text")}, "noplugin.so"},
+        {{"--plugin", OTHER_LIBRARY_FILE}, "CreateModuParamConfigInstance"},
+        {{"--store", "/nowhere/store.sqlite"}, "/nowhere/store.sqlite"},
+        {{"--store", fileOf("damaged.sqlite", QByteArray(5000, 'x'))}, "damaged.sqlite"},
+        {{"--fault", "when=never"}, "when=never"},
+        {{"--run", "/nowhere/samples.csv"}, "/nowhere/samples.csv"},
+        {{"--screenshot", "/nowhere/picture.png"}, "/nowhere/picture.png"},
+        {{}, "no display"},
+    };
+    for (const auto& [options, words] : rows) {
+        QCOMPARE(run(options, options.isEmpty() ? "" : "offscreen"), 1);
+        const QString message = m_process.readAllStandardError();
+        for (const QString& word : words.split(' ')) {
+            QVERIFY2(message.contains(word), qPrintable(options.join(' ') + ": " + message));
+        }
     }
-}
-
-void tst_workbench::needsADisplay()
-{
-    QProcess* const workbench = start({}, QString());
-    QVERIFY(workbench->waitForFinished());
-    QCOMPARE(workbench->exitCode(), 1);
-    QVERIFY(workbench->readAllStandardError().contains("no display"));
 }
 
 void tst_workbench::helpAndVersion()
 {
     for (const char* const option : {"--help", "--version"}) {
-        QProcess* const workbench = start({QString::fromLatin1(option)}, QString());
-        QVERIFY(workbench->waitForFinished());
-        QCOMPARE(workbench->exitCode(), 0);
-        QVERIFY(workbench->readAllStandardOutput().contains("if-workbench"));
+        QCOMPARE(run({option}), 0);
+        QVERIFY(m_process.readAllStandardOutput().contains("if-workbench"));
     }
 }
 
 void tst_workbench::picture()
 {
-    const QString file = m_folder.filePath(QStringLiteral("picture.png"));
-    QProcess* const workbench = start({"--screenshot", file}, QString());
-    QVERIFY(workbench->waitForFinished());
-    QCOMPARE(workbench->exitCode(), 0);
+    const QString file = m_folder.filePath("picture.png");
+    QCOMPARE(run({"--screenshot", file}), 0);
     QCOMPARE(QImage(file).size(), QSize(1400, 860));
-    QVERIFY(workbench->readAllStandardError().contains("QueryIfModuleInfo IFText data=0"));
+    QVERIFY(m_process.readAllStandardError().contains("QueryIfModuleInfo IFText data=0"));
+    QCOMPARE(inStore("SELECT group_concat(id) FROM (SELECT id FROM module ORDER BY id)"),
+             QString("1,3,5,7,9"));
 
-    auto database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"));
-    database.setDatabaseName(store());
-    QVERIFY(database.open());
-    QSqlQuery modules(QStringLiteral("SELECT group_concat(id) FROM (SELECT id FROM module ORDER BY id)"));
-    QVERIFY(modules.next());
-    QCOMPARE(modules.value(0).toString(), QStringLiteral("1,3,5,7,9"));
-    database.close();
-}
-
-void tst_workbench::goesOnAfterAnException()
-{
-    const QString file = m_folder.filePath(QStringLiteral("exception.png"));
-    QProcess* const workbench =
-        start({"--fault", "answer=Exception,message=core is gone", "--screenshot", file});
-    QVERIFY(workbench->waitForFinished());
-    QCOMPARE(workbench->exitCode(), 0);
-    QVERIFY(workbench->readAllStandardError().contains("core is gone"));
+    // Goes on after an exception.
+    QVERIFY(QFile::remove(file));
+    QCOMPARE(run({"--fault", "answer=Exception,message=core is gone", "--screenshot", file}), 0);
+    QVERIFY(m_process.readAllStandardError().contains("core is gone"));
     QVERIFY(QFile::exists(file));
 }
 
 void tst_workbench::runAndDump()
 {
-    const QString csv = QStringLiteral(SAMPLES_FILE);
-    for (const auto& [mode, result] : {std::pair("1", "OK"), {"2", "not OK"}}) {
-        {
-            auto database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"));
-            database.setDatabaseName(store());
-            QVERIFY(database.open());
-            QSqlQuery(QStringLiteral("UPDATE run_parameter SET value = '%1'").arg(QLatin1String(mode)));
-        }
-        QProcess* const run = start({"--run", csv, "--module", "7"}, QString());
-        QVERIFY(run->waitForFinished());
-        QCOMPARE(run->exitCode(), 0);
-        const QList<QByteArray> lines = run->readAllStandardOutput().trimmed().split('\n');
+    for (const auto& [mode, last] : {std::pair("1", "570,OK"), {"2", "570,not OK"}}) {
+        inStore(qPrintable(QString("UPDATE run_parameter SET value = '%1'").arg(mode)));
+        QCOMPARE(run({"--run", SAMPLES_FILE, "--module", "7"}), 0);
+        const QList<QByteArray> lines = m_process.readAllStandardOutput().trimmed().split('\n');
         QCOMPARE(lines.size(), 570);
-        QCOMPARE(lines.last(), QByteArray("570,") + result);
-        QVERIFY(run->readAllStandardError().contains("569 rows"));
+        QCOMPARE(lines.last(), QByteArray(last));
+        QVERIFY(m_process.readAllStandardError().contains("569 rows"));
     }
-    QProcess* const dump = start({"--dump"}, QString());
-    QVERIFY(dump->waitForFinished());
-    const QJsonObject module = QJsonDocument::fromJson(dump->readAllStandardOutput()).object();
-    QCOMPARE(module["binaryData"].toObject()["IFText"].toString(), QStringLiteral("0"));
-    QCOMPARE(module["runParameters"].toObject()["LogicalMode"].toString(), QStringLiteral("2"));
+    QCOMPARE(run({"--dump"}), 0);
+    const QJsonDocument module = QJsonDocument::fromJson(m_process.readAllStandardOutput());
+    QCOMPARE(module["binaryData"]["IFText"].toString(), QString("0"));
+    QCOMPARE(module["runParameters"]["LogicalMode"].toString(), QString("2"));
 }
 
 void tst_workbench::oneWorkbenchForAStore()
 {
-    QProcess* const first = start({});
+    start({}, "offscreen");
     QByteArray log;
-    QTRY_VERIFY((log += first->readAllStandardError()).contains("QueryIfModuleInfo"));
-    QProcess* const second = start({});
-    QVERIFY(second->waitForFinished());
-    QCOMPARE(second->exitCode(), 1);
-    QVERIFY(second->readAllStandardError().contains("store.sqlite"));
-    first->kill();
-    QVERIFY(first->waitForFinished());
-    QProcess* const third = start({"--screenshot", m_folder.filePath(QStringLiteral("again.png"))});
-    QVERIFY(third->waitForFinished());
-    QCOMPARE(third->exitCode(), 0);
+    QTRY_VERIFY((log += m_process.readAllStandardError()).contains("QueryIfModuleInfo"));
+    QProcess second;
+    second.start(IF_WORKBENCH_FILE, {"--dump", "--store", m_folder.filePath("store.sqlite")});
+    QVERIFY(second.waitForFinished());
+    QCOMPARE(second.exitCode(), 1);
+    QVERIFY(second.readAllStandardError().contains("store.sqlite"));
+    m_process.kill();
+    QVERIFY(m_process.waitForFinished());
+    QCOMPARE(run({"--screenshot", m_folder.filePath("again.png")}), 0);
 }
 
 QTEST_GUILESS_MAIN(tst_workbench)
