@@ -204,7 +204,7 @@ void tst_faults::destroyedAfterEveryEvent()
         } catch (const PanelTour::PanelGone&) {
         }
         QApplication::processEvents();
-        QCOMPARE(tour.core.takeCommands().size() > 0, !isReached);
+        QCOMPARE(tour.core.takeCommands().isEmpty(), isReached);
         const auto windows = QApplication::topLevelWidgets();
         for (const QWidget* const window : windows) {
             QVERIFY2(!isReached || !qobject_cast<const QmlRangeSliderView*>(window),

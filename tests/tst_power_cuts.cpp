@@ -18,7 +18,7 @@ namespace {
 
 Flow flow()
 {
-    return flowOf(R"({"name": "f", "modules": [{"id": 7, "name": "Check", "kind": "If"}]})").value();
+    return *flowOf(R"({"name": "f", "modules": [{"id": 7, "name": "Check", "kind": "If"}]})");
 }
 
 // The list of the n-th edit: from a line to several pages of the store.
@@ -112,12 +112,14 @@ void tst_power_cuts::acknowledgedEditsStay()
 }
 
 int main(int argc, char** argv)
-{
+try {
     QCoreApplication application(argc, argv);
     if (argc == 4 && qstrcmp(argv[1], "write") == 0) {
         return write(QString::fromLocal8Bit(argv[2]), std::atoi(argv[3]));
     }
     tst_power_cuts test;
     return QTest::qExec(&test, argc, argv);
+} catch (...) {
+    return EXIT_FAILURE;
 }
 #include "tst_power_cuts.moc"

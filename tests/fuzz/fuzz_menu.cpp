@@ -36,7 +36,7 @@ private:
     template <std::size_t N>
     void text(char (&field)[N])
     {
-        const auto length = std::min<std::ptrdiff_t>(byte() * 2, m_end - m_at);
+        const auto length = std::min<std::ptrdiff_t>(std::ptrdiff_t{2} * byte(), m_end - m_at);
         std::fill_n(field, N, '\0');
         std::copy_n(m_at, std::min<std::ptrdiff_t>(length, N), field);
         m_at += length;
