@@ -65,16 +65,6 @@ public:
     QPointer<Panel> panel;
 };
 
-/// A fault of the core: fails every command whose line begins so.
-inline auto failing(const QString& beginning)
-{
-    return [beginning](int, const QString& line) {
-        return line.startsWith(beginning)
-                   ? std::optional(ZelCore::CommandResult(ZelCore::NothingChanged, "没有"))
-                   : std::nullopt;
-    };
-}
-
 /// Replaces what stands in a field, key by key; text outside ASCII comes as an input method sends it.
 inline void typeInto(QWidget* field, const QString& text)
 {

@@ -23,6 +23,15 @@ QStringList loadOf(const QStringList& names)
     return commands << "QueryRunParam 7 LogicalMode";
 }
 
+// Fails every command whose line begins so.
+auto failing(const QString& beginning)
+{
+    return [beginning](int, const QString& line) {
+        return line.startsWith(beginning) ? std::optional(CommandResult(NothingChanged, "没有"))
+                                          : std::nullopt;
+    };
+}
+
 QStringList namesOf(const Fixture& f)
 {
     QStringList names;
