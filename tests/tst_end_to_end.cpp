@@ -18,34 +18,23 @@ struct Place
 void xdotool(const QStringList& arguments)
 {
     QProcess process;
-    process.start(QStringLiteral("xdotool"), arguments);
+    process.start("xdotool", arguments);
     QVERIFY2(process.waitForFinished() && process.exitCode() == 0, process.readAllStandardError());
 }
 
-void key(const QString& keys)
+void keys(const QStringList& keys)
 {
-    xdotool({QStringLiteral("key"), keys});
+    xdotool(QStringList("key") + keys);
 }
 
 void type(const QString& text)
 {
-    xdotool({QStringLiteral("type"), QStringLiteral("--delay"), QStringLiteral("20"), text});
+    xdotool({"type", "--delay", "20", text});
 }
 
 QStringList at(const QPoint& place)
 {
-    return {QStringLiteral("mousemove"), QString::number(place.x()), QString::number(place.y())};
-}
-
-void click(const QPoint& place)
-{
-    xdotool(at(place) + QStringList({"click", "1"}));
-}
-
-void drag(const QPoint& from, const QPoint& to)
-{
-    xdotool(at(from) + QStringList({"mousedown", "1"}) + at((from + to) / 2) + at(to) +
-            QStringList({"mouseup", "1"}));
+    return {"mousemove", QString::number(place.x()), QString::number(place.y())};
 }
 
 } // namespace
@@ -56,8 +45,6 @@ class tst_end_to_end : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void cleanupTestCase();
     void init();
     void cleanup();
     void conditionsAreStoredAndComeBack();
@@ -69,19 +56,21 @@ private:
     QVector<Place> find(const char* name);
     /// The n-th widget of a name from the top, once it is there.
     Place wait(const char* name, int index = 0);
-    void clickOn(const char* name, int index = 0) { click(wait(name, index).rect.center()); }
-    void clickBeside() { click(wait("lab_help").rect.center()); }
+    void clickOn(const char* name, int index = 0)
+    {
+        xdotool(at(wait(name, index).rect.center()) + QStringList({"click", "1"}));
+    }
     void add(const char* type);
     void choose(const char* selecter, int index, const char* filter);
-    /// The rows of a statement, the fields joined by blanks.
-    QStringList stored(const char* statement, const QVariantList& values = {}) const;
-    QString list() const
+    /// The first column of a statement's rows.
+    static QStringList stored(const char* statement);
+    static QString list()
     {
-        return stored("SELECT value FROM binary_parameter WHERE name = 'IFText'").join(QString());
+        return stored("SELECT value FROM binary_parameter WHERE name = 'IFText'").join("");
     }
-    QStringList bindings() const
+    static QStringList bindings()
     {
-        return stored("SELECT target_key, source FROM binding ORDER BY target_key");
+        return stored("SELECT target_key || ' ' || source FROM binding ORDER BY target_key");
     }
 
     QProcess m_windowManager;
@@ -91,44 +80,40 @@ private:
     QString m_store;
 };
 
-void tst_end_to_end::initTestCase()
-{
-    m_windowManager.start(QStringLiteral("openbox"), QStringList());
-    QVERIFY(m_windowManager.waitForStarted());
-}
-
 void tst_end_to_end::init()
 {
+    m_windowManager.start("openbox", QStringList());
+    QVERIFY(m_windowManager.waitForStarted());
     m_directory = std::make_unique<QTemporaryDir>();
-    m_store = m_directory->filePath(QStringLiteral("store.sqlite"));
+    m_store = m_directory->filePath("store.sqlite");
     start();
+    auto database = QSqlDatabase::addDatabase("QSQLITE");
+    database.setDatabaseName(m_store);
+    QVERIFY2(database.open(), qPrintable(database.lastError().text()));
 }
 
 void tst_end_to_end::cleanup()
 {
+    QSqlDatabase::removeDatabase(QSqlDatabase::defaultConnection);
     if (QTest::currentTestFailed()) {
         qDebug().noquote() << m_workbench.readAllStandardError();
     }
-    m_workbench.kill();
-    m_workbench.waitForFinished();
-}
-
-void tst_end_to_end::cleanupTestCase()
-{
-    m_windowManager.kill();
-    m_windowManager.waitForFinished();
+    for (QProcess* const process : {&m_workbench, &m_windowManager}) {
+        process->kill();
+        process->waitForFinished();
+    }
 }
 
 void tst_end_to_end::start()
 {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    const QString serverName = m_directory->filePath(QStringLiteral("probe"));
-    environment.insert(QStringLiteral("QT_PLUGIN_PATH"), QStringLiteral(WIDGET_PROBE_DIR));
-    environment.insert(QStringLiteral("QT_QPA_GENERIC_PLUGINS"), QLatin1String("widgetprobe:") + serverName);
-    environment.insert(QStringLiteral("XDG_CONFIG_HOME"), m_directory->path());
-    environment.insert(QStringLiteral("QT_QUICK_BACKEND"), QStringLiteral("software"));
+    const QString serverName = m_directory->filePath("probe");
+    environment.insert("QT_PLUGIN_PATH", QStringLiteral(WIDGET_PROBE_DIR));
+    environment.insert("QT_QPA_GENERIC_PLUGINS", "widgetprobe:" + serverName);
+    environment.insert("XDG_CONFIG_HOME", m_directory->path());
+    environment.insert("QT_QUICK_BACKEND", "software");
     m_workbench.setProcessEnvironment(environment);
-    m_workbench.start(QStringLiteral(IF_WORKBENCH_FILE), {QStringLiteral("--store"), m_store});
+    m_workbench.start(QStringLiteral(IF_WORKBENCH_FILE), {"--store", m_store});
     QVERIFY(m_workbench.waitForStarted());
     m_probe.abort();
     const bool isProbed = QTest::qWaitFor(
@@ -143,7 +128,7 @@ void tst_end_to_end::start()
 
 void tst_end_to_end::quit()
 {
-    key(QStringLiteral("alt+F4"));
+    keys({"alt+F4"});
     QVERIFY(m_workbench.waitForFinished(10000));
     QCOMPARE(m_workbench.exitStatus(), QProcess::NormalExit);
     QCOMPARE(m_workbench.exitCode(), 0);
@@ -182,8 +167,7 @@ Place tst_end_to_end::wait(const char* name, int index)
         },
         10000);
     if (!isThere) {
-        QTest::qFail(qPrintable(QStringLiteral("%1 %2 is not there").arg(name).arg(index)), __FILE__,
-                     __LINE__);
+        QTest::qFail(qPrintable(QString("%1 %2 is not there").arg(name).arg(index)), __FILE__, __LINE__);
         return {};
     }
     return places[index];
@@ -193,8 +177,7 @@ void tst_end_to_end::add(const char* type)
 {
     const int rows = find("m_labName").size();
     clickOn("cbox_typeSelect");
-    key(qstrcmp(type, "int") == 0 ? QStringLiteral("Home") : QStringLiteral("End"));
-    key(QStringLiteral("Return"));
+    keys({qstrcmp(type, "int") == 0 ? "Home" : "End", "Return"});
     clickOn("btn_add");
     wait("m_labName", rows);
 }
@@ -204,91 +187,76 @@ void tst_end_to_end::choose(const char* selecter, int index, const char* filter)
     clickOn(selecter, index);
     wait("SubscribeMenuPopup");
     type(QString::fromLatin1(filter));
-    key(QStringLiteral("Return"));
+    keys({"Return"});
     QTRY_VERIFY(find("SubscribeMenuPopup").isEmpty());
 }
 
-QStringList tst_end_to_end::stored(const char* statement, const QVariantList& values) const
+QStringList tst_end_to_end::stored(const char* statement)
 {
     QStringList rows;
-    {
-        auto database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("reader"));
-        database.setDatabaseName(m_store);
-        QSqlQuery query(database);
-        if (!database.open() || !query.prepare(QString::fromLatin1(statement))) {
-            qWarning() << query.lastError() << database.lastError();
-        }
-        for (const QVariant& value : values) {
-            query.addBindValue(value);
-        }
-        query.exec();
-        while (query.next()) {
-            QStringList fields;
-            for (int i = 0; query.value(i).isValid(); ++i) {
-                fields << query.value(i).toString();
-            }
-            rows << fields.join(QLatin1Char(' '));
-        }
+    QSqlQuery query;
+    if (!query.exec(statement)) {
+        qWarning() << query.lastError();
     }
-    QSqlDatabase::removeDatabase(QStringLiteral("reader"));
+    while (query.next()) {
+        rows << query.value(0).toString();
+    }
     return rows;
 }
 
 void tst_end_to_end::conditionsAreStoredAndComeBack()
 {
     add("int");
-    QTRY_COMPARE(list(), QStringLiteral("%int0%:1:1000:;"));
+    QTRY_COMPARE(list(), "%int0%:1:1000:;");
     add("float");
 
     clickOn("m_ediNote");
-    type(QStringLiteral("objects"));
-    key(QStringLiteral("Tab"));
-    QTRY_COMPARE(list(), QStringLiteral("%int0%:1:1000:objects;%float0%:1.000:1000.000:;"));
+    type("objects");
+    keys({"Tab"});
+    QTRY_COMPARE(list(), "%int0%:1:1000:objects;%float0%:1.000:1000.000:;");
 
     // The slider opens and the typing goes on.
     clickOn("m_spbMinPullBar", 1);
     QCOMPARE(wait("QmlRangeSliderView").rect.size(), QSize(230, 25));
-    key(QStringLiteral("ctrl+a"));
-    type(QStringLiteral("6.981"));
-    key(QStringLiteral("Return"));
+    keys({"ctrl+a"});
+    type("6.981");
+    keys({"Return"});
     clickOn("m_spbMaxPullBar", 1);
-    key(QStringLiteral("ctrl+a"));
-    type(QStringLiteral("28.11"));
-    clickBeside();
+    keys({"ctrl+a"});
+    type("28.11");
+    clickOn("lab_help");
     QTRY_VERIFY(find("QmlRangeSliderView").isEmpty());
-    QTRY_COMPARE(list(), QStringLiteral("%int0%:1:1000:objects;%float0%:6.981:28.110:;"));
+    QTRY_COMPARE(list(), "%int0%:1:1000:objects;%float0%:6.981:28.110:;");
 
     // The upper handle of 1..1000, by the mouse, then by the keys, until a click beside closes the slider.
     clickOn("m_spbMaxPullBar");
     const QRect slider = wait("QmlRangeSliderView").rect;
-    const QPoint middle = slider.center();
-    const QPoint upper = middle + QPoint(qRound(103 * std::asinh(1000) / std::asinh(999999999)), 0);
-    drag(upper, upper - QPoint(15, 0));
-    key(QStringLiteral("Right"));
-    key(QStringLiteral("shift+Right"));
+    const QPoint upper = slider.center() + QPoint(qRound(103 * std::asinh(1000) / std::asinh(999999999)), 0);
+    xdotool(at(upper) + QStringList({"mousedown", "1"}) + at(upper - QPoint(7, 0)) +
+            at(upper - QPoint(15, 0)) + QStringList({"mouseup", "1"}));
+    keys({"Right", "shift+Right"});
     const auto shownUpper = [this] { return wait("m_spbMaxPullBar").text.toDouble(); };
     QTRY_VERIFY(shownUpper() > 11 && shownUpper() < 500);
     const QString dragged = QString::number(int(shownUpper()));
-    clickBeside();
-    QTRY_COMPARE(list(), QStringLiteral("%int0%:1:%1:objects;%float0%:6.981:28.110:;").arg(dragged));
+    clickOn("lab_help");
+    QTRY_COMPARE(list(), QString("%int0%:1:%1:objects;%float0%:6.981:28.110:;").arg(dragged));
 
     // All objects that come with the flow are judged by what was just stored.
-    key(QStringLiteral("F9"));
+    keys({"F9"});
     QTRY_VERIFY(wait("runTotals").text.contains("569"));
 
     clickOn("cbox_determineType");
-    key(QStringLiteral("Down"));
-    key(QStringLiteral("Return"));
+    keys({"Down", "Return"});
     QTRY_COMPARE(stored("SELECT value FROM run_parameter WHERE name = 'LogicalMode'"), QStringList("2"));
 
     quit();
     start();
-    QCOMPARE(wait("m_labName", 1).text, QStringLiteral("float0"));
-    QCOMPARE(wait("m_ediNote").text, QStringLiteral("objects"));
-    QCOMPARE(wait("m_spbMaxPullBar").text, dragged + QLatin1String(".000"));
-    QCOMPARE(wait("m_spbMinPullBar", 1).text, QStringLiteral("6.981"));
+    QCOMPARE(wait("m_labName", 1).text, "float0");
+    QCOMPARE(wait("m_ediNote").text, "objects");
+    QCOMPARE(wait("m_spbMaxPullBar").text, dragged + ".000");
+    QCOMPARE(wait("m_spbMinPullBar", 1).text, "6.981");
     clickOn("m_btnDelete");
-    QTRY_COMPARE(list(), QStringLiteral("%float0%:6.981:28.110:;"));
+    QTRY_COMPARE(list(), "%float0%:6.981:28.110:;");
 }
 
 void tst_end_to_end::boundConditionsComeBackAndAreDeleted()
@@ -306,37 +274,35 @@ void tst_end_to_end::boundConditionsComeBackAndAreDeleted()
     QTRY_COMPARE(bindings(), all);
 
     // Another language, at once, for the workbench and the panel.
-    key(QStringLiteral("alt+l"));
-    key(QStringLiteral("Up"));
-    key(QStringLiteral("Return"));
-    QTRY_COMPARE(wait("lab_help").text, QStringLiteral("The result is OK when the conditions are met"));
+    keys({"alt+l", "Up", "Return"});
+    QTRY_COMPARE(wait("lab_help").text, "The result is OK when the conditions are met");
     QVERIFY(wait("flowLabel").text.startsWith("Flow"));
 
     // The input is gone by the time that a value is chosen for it.
     stored("DELETE FROM module_io WHERE name = '%int0%'");
     choose("ButtonSelecterView", 0, "objectnumber");
-    QCOMPARE(wait("QMessageBox").text, QStringLiteral("No bound data found"));
-    key(QStringLiteral("Return"));
-    QTRY_COMPARE(wait("ButtonSelecterView").text, QStringLiteral("5.ObjectCount"));
+    QCOMPARE(wait("QMessageBox").text, "No bound data found");
+    keys({"Return"});
+    QTRY_COMPARE(wait("ButtonSelecterView").text, "5.ObjectCount");
     QCOMPARE(bindings(), all);
 
     quit();
     start();
-    QCOMPARE(wait("ButtonSelecterView").text, QStringLiteral("5.ObjectCount"));
-    QCOMPARE(wait("m_bsvMinNumSubscribe").text, QStringLiteral("5.ObjectCount"));
-    QCOMPARE(wait("m_bsvMaxNumSubscribe").text, QStringLiteral("5.ObjectNumber"));
+    QCOMPARE(wait("ButtonSelecterView").text, "5.ObjectCount");
+    QCOMPARE(wait("m_bsvMinNumSubscribe").text, "5.ObjectCount");
+    QCOMPARE(wait("m_bsvMaxNumSubscribe").text, "5.ObjectNumber");
     const QString yes = QString::fromLatin1(QByteArray("True", 5).toHex());
-    QCOMPARE(stored("SELECT name, hex(value) FROM ui_data ORDER BY name"),
+    QCOMPARE(stored("SELECT name || ' ' || hex(value) FROM ui_data ORDER BY name"),
              QStringList({"@%int0%End " + yes, "@%int0%Start " + yes}));
 
     clickOn("m_btnDelete");
-    QTRY_COMPARE(list(), QStringLiteral("0"));
+    QTRY_COMPARE(list(), "0");
     QCOMPARE(bindings(), QStringList());
     QCOMPARE(stored("SELECT name FROM ui_data"), QStringList());
     add("int");
-    QTRY_COMPARE(list(), QStringLiteral("%int0%:1:1000:;"));
+    QTRY_COMPARE(list(), "%int0%:1:1000:;");
     QCOMPARE(wait("ButtonSelecterView").text, QString());
-    QCOMPARE(wait("m_spbMinPullBar").text, QStringLiteral("1.000"));
+    QCOMPARE(wait("m_spbMinPullBar").text, "1.000");
 }
 
 QTEST_GUILESS_MAIN(tst_end_to_end)

@@ -33,6 +33,15 @@ struct SliderFixture
     QSignalSpy changes{&view, &QmlRangeSliderView::sigRangeSliderChange};
 };
 
+RangeSliderState stateOf(double lower, double upper)
+{
+    RangeSliderState state;
+    state.setRange(0, 100);
+    state.setLower(lower);
+    state.setUpper(upper);
+    return state;
+}
+
 } // namespace
 
 class tst_range_slider : public QObject
@@ -40,125 +49,89 @@ class tst_range_slider : public QObject
     Q_OBJECT
 
 private slots:
-    void scale_data();
     void scale();
-    void drags_data();
     void drags();
-    void steps_data();
     void steps();
     void costsNothingUntilShown();
     void mouse();
     void keysAndWheel();
-    void drawsUnderEveryLocale_data();
     void drawsUnderEveryLocale();
 };
 
-void tst_range_slider::scale_data()
-{
-    QTest::addColumn<int>("min");
-    QTest::addColumn<int>("max");
-    QTest::addColumn<QVector<int>>("values");
-    QTest::newRow("widest") << -999999999 << 999999999
-                            << QVector<int>{-999999999, -999999998, -1000, -1, 0, 1, 2, 17, 1000, 999999999};
-    QTest::newRow("float's") << -100000 << 100000 << QVector<int>{-100000, -99999, 0, 3, 12345, 100000};
-    QTest::newRow("narrow") << 0 << 100 << QVector<int>{0, 1, 50, 99, 100};
-    QTest::newRow("far from zero") << 5000 << 9000 << QVector<int>{5000, 5001, 7777, 9000};
-    QTest::newRow("swapped ends") << 10 << -10 << QVector<int>{-10, 0, 10};
-    QTest::newRow("one value") << 7 << 7 << QVector<int>{7};
-}
-
 void tst_range_slider::scale()
 {
-    QFETCH(int, min);
-    QFETCH(int, max);
-    QFETCH(QVector<int>, values);
-    const RangeScale scale(min, max);
-    double before = -1.0;
-    for (const int value : values) {
-        const double position = scale.positionOf(value);
-        QVERIFY(position > before && position >= 0.0 && position <= 1.0);
-        QCOMPARE(scale.valueAt(position), value);
-        before = position;
+    const std::tuple<int, int, QVector<int>> cases[] = {
+        {-999999999, 999999999, {-999999999, -999999998, -1000, -1, 0, 1, 2, 17, 1000, 999999999}},
+        {-100000, 100000, {-100000, -99999, 0, 3, 12345, 100000}},
+        {0, 100, {0, 1, 50, 99, 100}},
+        {5000, 9000, {5000, 5001, 7777, 9000}},
+        {10, -10, {-10, 0, 10}},
+        {7, 7, {7}}};
+    for (const auto& [min, max, values] : cases) {
+        const RangeScale scale(min, max);
+        double before = -1.0;
+        for (const int value : values) {
+            const double position = scale.positionOf(value);
+            QVERIFY(position > before && position >= 0.0 && position <= 1.0);
+            QCOMPARE(scale.valueAt(position), value);
+            before = position;
+        }
+        QCOMPARE(scale.valueAt(-1.0), qMin(min, max));
+        QCOMPARE(scale.valueAt(2.0), qMax(min, max));
+        QCOMPARE(scale.positionOf(1e300), scale.positionOf(qMax(min, max)));
     }
-    QCOMPARE(scale.valueAt(-1.0), qMin(min, max));
-    QCOMPARE(scale.valueAt(2.0), qMax(min, max));
-    QCOMPARE(scale.positionOf(1e300), scale.positionOf(qMax(min, max)));
-}
-
-void tst_range_slider::drags_data()
-{
-    QTest::addColumn<double>("lower");
-    QTest::addColumn<double>("upper");
-    QTest::addColumn<double>("from");
-    QTest::addColumn<double>("to");
-    QTest::addColumn<QVector<int>>("pair");
-    const auto row = [](const char* tag, double lower, double upper, double from, double to, int newLower,
-                        int newUpper) {
-        QTest::newRow(tag) << lower << upper << from << to << QVector<int>{newLower, newUpper};
-    };
-    row("lower", 20, 80, 0.2, 0.3, 30, 80);
-    row("upper", 20, 80, 0.8, 0.7, 20, 70);
-    row("a handle keeps its distance to the finger", 20, 80, 0.81, 0.71, 20, 70);
-    row("lower stops at upper", 20, 80, 0.2, 0.9, 80, 80);
-    row("upper stops at lower", 20, 80, 0.8, 0.1, 20, 20);
-    row("beside the handles the nearer one comes", 20, 80, 0.05, 0.05, 5, 80);
-    row("beyond the upper one", 20, 80, 0.95, 0.95, 20, 95);
-    row("the middle moves both", 20, 80, 0.5, 0.55, 25, 85);
-    row("the middle stops at the end", 20, 80, 0.5, 1.0, 40, 100);
-    row("one place, to the left", 50, 50, 0.5, 0.4, 40, 50);
-    row("one place, to the right", 50, 50, 0.5, 0.6, 50, 60);
-    row("one place at the end", 100, 100, 1.0, 0.9, 90, 100);
-    row("fractions are rounded", 20.4, 80.6, 0.204, 0.304, 30, 81);
-    row("told in the wrong order", 80, 20, 0.2, 0.1, 10, 80);
-    row("told beyond the ends", -50, 80, 0.8, 0.7, 0, 70);
-    row("not a number is ignored", std::nan(""), 80, 0.8, 0.7, 0, 70);
 }
 
 void tst_range_slider::drags()
 {
-    QFETCH(double, lower);
-    QFETCH(double, upper);
-    QFETCH(double, from);
-    QFETCH(double, to);
-    RangeSliderState state;
-    state.setRange(0, 100);
-    state.setLower(lower);
-    state.setUpper(upper);
-    state.press(from, 0.03);
-    state.drag(to);
-    QTEST((QVector<int>{state.lower(), state.upper()}), "pair");
-    state.release();
-    QVERIFY(!state.drag(0.5));
-}
-
-void tst_range_slider::steps_data()
-{
-    QTest::addColumn<double>("lower");
-    QTest::addColumn<double>("upper");
-    QTest::addColumn<double>("press");
-    QTest::addColumn<int>("by");
-    QTest::addColumn<QVector<int>>("pair");
-    QTest::newRow("upper") << 20.0 << 80.0 << 0.8 << 1 << QVector<int>{20, 81};
-    QTest::newRow("lower") << 20.0 << 80.0 << 0.2 << -10 << QVector<int>{10, 80};
-    QTest::newRow("both, to the end") << 20.0 << 80.0 << 0.5 << 30 << QVector<int>{40, 100};
-    QTest::newRow("lower stops at upper") << 75.0 << 80.0 << 0.75 << 10 << QVector<int>{80, 80};
-    QTest::newRow("from a fraction up") << 0.0 << 80.25 << 0.8 << 1 << QVector<int>{0, 81};
-    QTest::newRow("from a fraction down") << 0.0 << 80.25 << 0.8 << -1 << QVector<int>{0, 80};
+    struct Drag
+    {
+        const char* what;
+        double lower, upper, from, to;
+        int newLower, newUpper;
+    };
+    const Drag cases[] = {
+        {"lower", 20, 80, 0.2, 0.3, 30, 80},
+        {"upper", 20, 80, 0.8, 0.7, 20, 70},
+        {"a handle keeps its distance to the finger", 20, 80, 0.81, 0.71, 20, 70},
+        {"lower stops at upper", 20, 80, 0.2, 0.9, 80, 80},
+        {"upper stops at lower", 20, 80, 0.8, 0.1, 20, 20},
+        {"beside the handles the nearer one comes", 20, 80, 0.05, 0.05, 5, 80},
+        {"beyond the upper one", 20, 80, 0.95, 0.95, 20, 95},
+        {"the middle moves both", 20, 80, 0.5, 0.55, 25, 85},
+        {"the middle stops at the end", 20, 80, 0.5, 1.0, 40, 100},
+        {"one place, to the left", 50, 50, 0.5, 0.4, 40, 50},
+        {"one place, to the right", 50, 50, 0.5, 0.6, 50, 60},
+        {"one place at the end", 100, 100, 1.0, 0.9, 90, 100},
+        {"fractions are rounded", 20.4, 80.6, 0.204, 0.304, 30, 81},
+        {"told in the wrong order", 80, 20, 0.2, 0.1, 10, 80},
+        {"told beyond the ends", -50, 80, 0.8, 0.7, 0, 70},
+        {"not a number is ignored", std::nan(""), 80, 0.8, 0.7, 0, 70},
+    };
+    for (const Drag& drag : cases) {
+        RangeSliderState state = stateOf(drag.lower, drag.upper);
+        state.press(drag.from, 0.03);
+        state.drag(drag.to);
+        QVERIFY2(state.lower() == drag.newLower && state.upper() == drag.newUpper, drag.what);
+        state.release();
+        QVERIFY2(!state.drag(0.5), drag.what);
+    }
 }
 
 void tst_range_slider::steps()
 {
-    QFETCH(double, lower);
-    QFETCH(double, upper);
-    QFETCH(double, press);
-    QFETCH(int, by);
-    RangeSliderState state;
-    state.setLower(lower);
-    state.setUpper(upper);
-    state.press(press, 0.03);
-    state.release();
-    QVERIFY(state.step(by));
-    QTEST((QVector<int>{state.lower(), state.upper()}), "pair");
+    // The bounds, the handle, the step and the new bounds.
+    const std::tuple<double, double, double, int, int, int> cases[] = {
+        {20, 80, 0.8, 1, 20, 81},   {20, 80, 0.2, -10, 10, 80}, {20, 80, 0.5, 30, 40, 100},
+        {75, 80, 0.75, 10, 80, 80}, {0, 80.25, 0.8, 1, 0, 81},  {0, 80.25, 0.8, -1, 0, 80}};
+    for (const auto& [lower, upper, press, by, newLower, newUpper] : cases) {
+        RangeSliderState state = stateOf(lower, upper);
+        state.press(press, 0.03);
+        state.release();
+        QVERIFY(state.step(by));
+        QCOMPARE(state.lower(), newLower);
+        QCOMPARE(state.upper(), newUpper);
+    }
 }
 
 void tst_range_slider::costsNothingUntilShown()
@@ -224,25 +197,19 @@ void tst_range_slider::keysAndWheel()
     QCOMPARE(f.changes.count(), count);
 }
 
-void tst_range_slider::drawsUnderEveryLocale_data()
-{
-    QTest::addColumn<QLocale>("locale");
-    QTest::newRow("C") << QLocale::c();
-    QTest::newRow("written from the right") << QLocale(QLocale::Arabic);
-}
-
 void tst_range_slider::drawsUnderEveryLocale()
 {
-    QFETCH(QLocale, locale);
-    QLocale::setDefault(locale);
     const auto reset = qScopeGuard([] { QLocale::setDefault(QLocale::c()); });
-    SliderFixture f(0, 100, 10, 30);
-    const QColor accent(231, 105, 0);
-    const auto colorAt = [&f](double position) { return f.view.grab().toImage().pixelColor(f.at(position)); };
-    QTRY_COMPARE(colorAt(0.2), accent);
-    QTRY_VERIFY(colorAt(0.8) != accent);
-    f.view.SetCurrentMaxD(90);
-    QTRY_COMPARE(colorAt(0.8), accent);
+    for (const QLocale& locale : {QLocale::c(), QLocale(QLocale::Arabic)}) {
+        QLocale::setDefault(locale);
+        SliderFixture f(0, 100, 10, 30);
+        const QColor accent(231, 105, 0);
+        const auto colorAt = [&f](double place) { return f.view.grab().toImage().pixelColor(f.at(place)); };
+        QTRY_COMPARE(colorAt(0.2), accent);
+        QTRY_VERIFY(colorAt(0.8) != accent);
+        f.view.SetCurrentMaxD(90);
+        QTRY_COMPARE(colorAt(0.8), accent);
+    }
 }
 
 QTEST_MAIN(tst_range_slider)
