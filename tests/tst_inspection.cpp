@@ -10,7 +10,7 @@ namespace {
 ModuleConfiguration storing(const QByteArray& ifText)
 {
     ModuleConfiguration configuration;
-    configuration.binaryData[QStringLiteral("IFText")] = ifText;
+    configuration.binaryData["IFText"] = ifText;
     return configuration;
 }
 
@@ -31,38 +31,28 @@ class tst_inspection : public QObject
     Q_OBJECT
 
 private slots:
-    void conditions_data();
     void conditions();
     void whatAPanelShows();
     void bindingsAndValues();
 };
 
-void tst_inspection::conditions_data()
-{
-    QTest::addColumn<QByteArray>("stored");
-    QTest::addColumn<QStringList>("remarks");
-    const auto row = [](const char* tag, const char* stored, const QStringList& remarks) {
-        QTest::newRow(tag) << QByteArray(stored) << remarks;
-    };
-    row("all", "%int0%:1:5:a;%float0%:0.500:2.250:b;", {"int0 ", "float0 "});
-    row("none", "0", {"int0 shown, but not stored", "float0 shown, but not stored"});
-    row("other bound", "%int0%:1:6:a;%float0%:0.500:2.250:b;",
-        {"int0 shown otherwise: %int0%:1:5:a;", "float0 "});
-    row("other note", "%int0%:1:5:a;%float0%:0.500:2.250:c;",
-        {"int0 ", "float0 shown otherwise: %float0%:0.500:2.250:b;"});
-    row("one too many", "%int0%:1:5:a;%float0%:0.500:2.250:b;%int1%:1:2:;",
-        {"int0 ", "float0 ", "int1 not shown"});
-    row("cut in the note", "%int0%:1:5:a;%float0%:0.500:2.250:", {"int0 ", "float0 cut by the length rule"});
-    row("cut in a bound", "%int0%:1:5:a;%float0%:0.500:2.", {"int0 ", "float0 shown, but not stored"});
-}
-
 void tst_inspection::conditions()
 {
-    QFETCH(QByteArray, stored);
     const QList<ConditionRecord> shown = {{"int0", 1.0, 5.9, "a"}, {"float0", 0.5, 2.25, "b"}};
-    QTEST(remarksOf(ModuleInspection::conditions(storing(stored), &shown)), "remarks");
-    for (const QString& remark : remarksOf(ModuleInspection::conditions(storing(stored), nullptr))) {
-        QVERIFY2(remark.endsWith(' ') || remark.contains("cut by"), qPrintable(remark));
+    const std::pair<const char*, QStringList> cases[] = {
+        {"%int0%:1:5:a;%float0%:0.500:2.250:b;", {"int0 ", "float0 "}},
+        {"0", {"int0 shown, but not stored", "float0 shown, but not stored"}},
+        {"%int0%:1:6:a;%float0%:0.500:2.250:b;", {"int0 shown otherwise: %int0%:1:5:a;", "float0 "}},
+        {"%int0%:1:5:a;%float0%:0.500:2.250:c;",
+         {"int0 ", "float0 shown otherwise: %float0%:0.500:2.250:b;"}},
+        {"%int0%:1:5:a;%float0%:0.500:2.250:b;%int1%:1:2:;", {"int0 ", "float0 ", "int1 not shown"}},
+        {"%int0%:1:5:a;%float0%:0.500:2.250:", {"int0 ", "float0 cut by the length rule"}},
+        {"%int0%:1:5:a;%float0%:0.500:2.", {"int0 ", "float0 shown, but not stored"}}};
+    for (const auto& [stored, remarks] : cases) {
+        QCOMPARE(remarksOf(ModuleInspection::conditions(storing(stored), &shown)), remarks);
+        for (const QString& remark : remarksOf(ModuleInspection::conditions(storing(stored), nullptr))) {
+            QVERIFY2(remark.endsWith(' ') || remark.contains("cut by"), qPrintable(remark));
+        }
     }
 }
 
@@ -74,21 +64,21 @@ void tst_inspection::whatAPanelShows()
     f.at<QPushButton>("m_btnDelete")->click();
     f.add("int");
     QCOMPARE(ConditionRecord::toText(ShownConditions::read(*f.panel)),
-             QStringLiteral("%other%:0:0:x;%float0%:0.500:2.250:b;%int1%:3:4:;%int0%:1:1000:;"));
+             "%other%:0:0:x;%float0%:0.500:2.250:b;%int1%:3:4:;%int0%:1:1000:;");
 }
 
 void tst_inspection::bindingsAndValues()
 {
     ModuleConfiguration configuration = storing("0");
     ModuleBinding gone;
-    gone.target = {7, SUBSCRIBE_TYPE_IO, QStringLiteral("%int0%")};
-    gone.source = QStringLiteral("5.Gone");
-    gone.missing = QStringLiteral("the flow has no value 5.Gone");
+    gone.target = {7, SUBSCRIBE_TYPE_IO, "%int0%"};
+    gone.source = "5.Gone";
+    gone.missing = "the flow has no value 5.Gone";
     configuration.bindings << gone;
-    configuration.uiData[QStringLiteral("@%int0%End")] = QByteArray("True\0\x01", 6);
+    configuration.uiData["@%int0%End"] = QByteArray("True\0\x01", 6);
     QCOMPARE(remarksOf(ModuleInspection::bindings(configuration)),
              QStringList("%int0% the flow has no value 5.Gone"));
-    QCOMPARE(ModuleInspection::values(configuration).first().cells.last(), QStringLiteral("True\\0\\u0001"));
+    QCOMPARE(ModuleInspection::values(configuration).first().cells.last(), "True\\0\\u0001");
 }
 
 QTEST_MAIN(tst_inspection)
