@@ -84,7 +84,9 @@ void SubscribeMenuPopup::setMenu(const QJsonArray& menu)
     m_model.setMenu(menu);
     const QSignalBlocker quiet(m_filter);
     m_filter->clear();
-    showEntries();
+    if (isVisible()) {
+        showEntries();
+    }
 }
 
 void SubscribeMenuPopup::open(const QString& present)
