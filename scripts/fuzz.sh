@@ -15,8 +15,8 @@ export QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8
 fuzz() {
     subject=$1
     mkdir "$corpora/$subject"
-    # Qt's parser of the flow files leaks where a file breaks off: no look for leaks, neither between the runs nor at
-    # the exit.
+    # Qt's parser of flow files leaks where a file breaks off. The fuzzer's own switch spares it between the runs
+    # only; the sanitizer also looks at the exit.
     leaks=1
     [ "$subject" != flow ] || leaks=0
     ASAN_OPTIONS=detect_leaks=$leaks \
