@@ -2,10 +2,10 @@
 
 #include "ClickOnEnter.h"
 #include "CondensedText.h"
-#include "ConditionName.h"
 #include "StyleSheet.h"
 #include "SubscribeMenu.h"
 #include "WarningBox.h"
+#include "condition/ConditionName.h"
 #include "core_client/core_client.h"
 
 #include <QCoreApplication>

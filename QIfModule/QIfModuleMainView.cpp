@@ -1,11 +1,12 @@
 #include "QIfModuleMainView.h"
 
 #include "ClickOnEnter.h"
-#include "ConditionName.h"
-#include "ConditionRecord.h"
 #include "HorizontalControlIM.h"
 #include "StyleSheet.h"
 #include "WarningBox.h"
+#include "condition/ConditionName.h"
+#include "condition/ConditionRecord.h"
+#include "condition/ModuleParameter.h"
 #include "ui_QIfModuleMainView.h"
 
 #include <QApplication>
@@ -160,7 +161,7 @@ void QIfModuleMainView::finishEdit()
 void QIfModuleMainView::QueryIfModuleInfo()
 {
     const auto moduleId = static_cast<UInt>(m_iModuId);
-    const BINARY_DATA_CONDITION__ listCondition(moduleId, "IFText");
+    const BINARY_DATA_CONDITION__ listCondition(moduleId, ModuleParameter::conditionList);
     BINARY_DATA__ list;
     QueryCommand<BINARY_DATA_CONDITION__, BINARY_DATA__> listQuery(listCondition, &list);
     if (!ExecuteOrLog(listQuery,
@@ -193,7 +194,7 @@ void QIfModuleMainView::QueryIfModuleInfo()
         appendToList(std::move(row));
     }
 
-    const RUN_PARAM_CONDITION__ modeCondition(moduleId, "LogicalMode");
+    const RUN_PARAM_CONDITION__ modeCondition(moduleId, ModuleParameter::judgementMode);
     KADO_MODULE_PARAM__ mode;
     QueryCommand<RUN_PARAM_CONDITION__, KADO_MODULE_PARAM__> modeQuery(modeCondition, &mode);
     if (!ExecuteOrLog(
@@ -203,7 +204,7 @@ void QIfModuleMainView::QueryIfModuleInfo()
         return;
     }
     const std::string modeText(TextOf(mode.strParamValue));
-    ui->cbox_determineType->setCurrentIndex(std::strtol(modeText.c_str(), nullptr, 10) == 1 ? 0 : 1);
+    ui->cbox_determineType->setCurrentIndex(ModuleParameter::needsAll(modeText.c_str()) ? 0 : 1);
 }
 
 void QIfModuleMainView::onLogicValueChanged2SetParam()
@@ -220,8 +221,8 @@ void QIfModuleMainView::onLogicValueChanged2SetParam()
     qDebug().noquote().nospace() << "[QIfModuleMainView]: onLogicValueChanged2SetParam send=" << text;
 
     const QByteArray stored = ConditionRecord::toStored(text);
-    SetBinaryDataCommand command(static_cast<UInt>(m_iModuId), "IFText", stored.constData(),
-                                 static_cast<UInt>(stored.size()), saveTimeOut);
+    SetBinaryDataCommand command(static_cast<UInt>(m_iModuId), ModuleParameter::conditionList,
+                                 stored.constData(), static_cast<UInt>(stored.size()), saveTimeOut);
     if (ExecuteOrLog(command,
                      QStringLiteral("[QIfModuleMainView]: onLogicValueChanged2SetParam failed. errmeg="))) {
         qDebug("[QIfModuleMainView]: onLogicValueChanged2SetParam end.");
@@ -234,7 +235,8 @@ void QIfModuleMainView::onLogicValueChanged2SetParam()
 void QIfModuleMainView::on_cbox_determineType_currentIndexChanged(int index)
 {
     const QByteArray value = QByteArray::number(index + 1);
-    SetRunParamCommand command(static_cast<UInt>(m_iModuId), "LogicalMode", value.constData());
+    SetRunParamCommand command(static_cast<UInt>(m_iModuId), ModuleParameter::judgementMode,
+                               value.constData());
     ExecuteOrLog(
         command,
         QStringLiteral("[QIfModuleMainView]: on_cbox_determineType_currentIndexChanged failed. errmeg="));

@@ -2,10 +2,11 @@
 
 #include "BoundValidator.h"
 #include "CondensedText.h"
-#include "ConditionName.h"
-#include "ConditionRecord.h"
 #include "StyleSheet.h"
 #include "SubscribeMenu.h"
+#include "condition/ConditionName.h"
+#include "condition/ConditionRecord.h"
+#include "condition/ModuleParameter.h"
 #include "core_client/core_client.h"
 
 #include <QApplication>
@@ -396,8 +397,9 @@ void RangeSelectControlIM::switchSource(const Bound& bound, const QString& failu
         bound.switchButton.setStyleSheet(linkSwitchSheet);
         bound.selecter.DelFilterSourceOperation4IO(m_iModuId, SUBSCRIBE_TYPE_RUNPARAM, bound.bindingKey);
     }
-    const CommandResult result = isConstant ? writeSource(m_iModuId, bound.sourceKey, "True")
-                                            : writeSource(m_iModuId, bound.sourceKey, "False");
+    const CommandResult result =
+        isConstant ? writeSource(m_iModuId, bound.sourceKey, ModuleParameter::subscribedBound)
+                   : writeSource(m_iModuId, bound.sourceKey, ModuleParameter::constantBound);
     if (!IsSuccess(result)) {
         LogFailure(failureText, result);
     }
@@ -453,7 +455,7 @@ void RangeSelectControlIM::restoreSource(const Bound& bound, const QString& word
 
     const QString value = ToQString(TextOf(source));
     std::printf("\n***\nstrUIName=%s item=%s\n***\n", sourceKey.constData(), qUtf8Printable(value));
-    if (value != QLatin1String("True")) {
+    if (value != QLatin1String(ModuleParameter::subscribedBound)) {
         return;
     }
     const bool isLower = &bound.spinBox == &m_spbMinPullBar;

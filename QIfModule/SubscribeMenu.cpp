@@ -1,6 +1,6 @@
 #include "SubscribeMenu.h"
 
-#include "ConditionName.h"
+#include "condition/ConditionName.h"
 
 using namespace ZelCore;
 

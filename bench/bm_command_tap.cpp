@@ -1,6 +1,6 @@
-#include "CommandTap.h"
-#include "FaultInjector.h"
 #include "MemoryCore.h"
+#include "commands/CommandTap.h"
+#include "faults/FaultInjector.h"
 
 #include <QElapsedTimer>
 

@@ -34,6 +34,16 @@ function(qif_add_library name kind)
     qif_configure_target(${name})
 endfunction()
 
+# qif_include_folder(<target> <PUBLIC|INTERFACE> <folder>): its headers can be included as <name>/<header>,
+# and nothing that stands beside the folder can.
+function(qif_include_folder target scope folder)
+    get_filename_component(name ${folder} NAME)
+    set(root ${PROJECT_BINARY_DIR}/include/${name})
+    file(MAKE_DIRECTORY ${root})
+    file(CREATE_LINK ${folder} ${root}/${name} SYMBOLIC)
+    target_include_directories(${target} ${scope} $<BUILD_INTERFACE:${root}>)
+endfunction()
+
 # qif_add_executable(<name> <sources>...)
 function(qif_add_executable name)
     add_executable(${name} ${ARGN})

@@ -20,7 +20,7 @@ update() {
     source_language=$1 catalogue=$2 languages=$3
     shift 3
     for language in $languages; do
-        lupdate -silent -disable-heuristic sametext -disable-heuristic similartext -disable-heuristic number -no-obsolete -locations none -no-recursive -extensions cpp,h,ui \
+        lupdate -silent -I . -I QIfModule -I platform -I workbench -disable-heuristic sametext -disable-heuristic similartext -disable-heuristic number -no-obsolete -locations none -no-recursive -extensions cpp,h,ui \
             -source-language "$source_language" -target-language "$language" \
             "$@" -ts "$target/${catalogue}_$language.ts"
     done
@@ -29,7 +29,7 @@ update() {
 mkdir -p QIfModule/i18n platform/QZelCommonControl/i18n workbench/i18n
 update zh_CN QIfModule/i18n/QIfModule en QIfModule
 update en platform/QZelCommonControl/i18n/QZelCommonControl 'en zh_CN' platform/QZelCommonControl
-update en workbench/i18n/if-workbench 'en zh_CN' workbench platform/EmbeddedCore
+update en workbench/i18n/if-workbench 'en zh_CN' workbench workbench/commands workbench/faults workbench/inspector workbench/run judgement platform/EmbeddedCore
 
 for catalogue in platform/QZelCommonControl/i18n/QZelCommonControl workbench/i18n/if-workbench; do
     perl -0pi -e 's{(<source>)((?:(?!</?source>).)*)(</source>(?:(?!<source>).)*?)<translation type="unfinished"></translation>}{$1$2$3<translation>$2</translation>}gs' \

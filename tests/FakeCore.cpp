@@ -1,6 +1,6 @@
 #include "FakeCore.h"
 
-#include "ZelCommon/CommandText.h"
+#include "commands/CommandText.h"
 
 #include <algorithm>
 #include <utility>

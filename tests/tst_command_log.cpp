@@ -1,7 +1,7 @@
-#include "CommandLogView.h"
 #include "CoreSession.h"
 #include "FakeCore.h"
-#include "FaultInjector.h"
+#include "commands/CommandLogView.h"
+#include "faults/FaultInjector.h"
 
 #include <QAbstractItemModelTester>
 #include <QJsonDocument>

@@ -1,5 +1,5 @@
-#include "ConditionName.h"
-#include "ConditionRecord.h"
+#include "condition/ConditionName.h"
+#include "condition/ConditionRecord.h"
 
 #include <QElapsedTimer>
 #include <QtTest>

@@ -1,5 +1,5 @@
 #include "EmbeddedCore/CoreError.h"
-#include "EmbeddedCore/CsvReader.h"
+#include "judgement/CsvReader.h"
 
 #include <QTemporaryDir>
 #include <QtTest>

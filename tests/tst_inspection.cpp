@@ -1,7 +1,7 @@
-#include "ModuleInspection.h"
 #include "PanelFixture.h"
 #include "QIfModuleMainView.h"
-#include "ShownConditions.h"
+#include "inspector/ModuleInspection.h"
+#include "inspector/ShownConditions.h"
 
 using namespace ZelCore;
 

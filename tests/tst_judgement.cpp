@@ -1,5 +1,5 @@
-#include "ConditionName.h"
-#include "EmbeddedCore/SampleRun.h"
+#include "condition/ConditionName.h"
+#include "judgement/SampleRun.h"
 
 #include <QTemporaryDir>
 #include <QtTest>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "CommandTap.h"
 #include "EmbeddedCore/EmbeddedCore.h"
-#include "FaultInjector.h"
+#include "commands/CommandTap.h"
+#include "faults/FaultInjector.h"
 
 #include <memory>
 

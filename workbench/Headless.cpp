@@ -1,9 +1,9 @@
 #include "Headless.h"
 
-#include "ConditionName.h"
-#include "EmbeddedCore/ConfigurationJson.h"
 #include "EmbeddedCore/EmbeddedCore.h"
-#include "EmbeddedCore/SampleRun.h"
+#include "condition/ConditionName.h"
+#include "inspector/ConfigurationJson.h"
+#include "judgement/SampleRun.h"
 
 #include <QCoreApplication>
 #include <QJsonDocument>

@@ -1,13 +1,13 @@
 #include "MainWindow.h"
 
-#include "CommandLogView.h"
 #include "CoreSession.h"
-#include "FaultsView.h"
-#include "InspectorView.h"
 #include "PanelPlugin.h"
-#include "RunDock.h"
 #include "Translations.h"
 #include "WorkbenchSettings.h"
+#include "commands/CommandLogView.h"
+#include "faults/FaultsView.h"
+#include "inspector/InspectorView.h"
+#include "run/RunDock.h"
 
 #include <QActionGroup>
 #include <QApplication>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "EmbeddedCore/Flow.h"
-#include "FaultPlan.h"
+#include "faults/FaultPlan.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>

@@ -1,17 +1,13 @@
 #pragma once
 
-#include "ConditionRecord.h"
 #include "ZelCommon/FilterSourceCommands.h"
 #include "core_client/Records.h"
 
 #include <QByteArray>
 #include <QJsonValue>
-#include <QList>
 #include <QMap>
 #include <QString>
 #include <QVector>
-
-#include <cstdlib>
 
 /// An IO of a module as the store holds it.
 struct ModuleIo
@@ -44,18 +40,6 @@ struct ModuleConfiguration
     QMap<QString, QByteArray> uiData;
     QVector<ModuleIo> ios;
     QVector<ModuleBinding> bindings;
-
-    /// The bytes of "IFText", and the conditions in them.
-    QByteArray ifText() const { return binaryData.value(QStringLiteral("IFText")); }
-    QList<StoredCondition> conditions() const
-    {
-        return StoredCondition::fromText(QString::fromUtf8(ifText().constData()));
-    }
-    /// Whether all conditions must be met, by "LogicalMode"; else any suffices.
-    bool combinesAll() const
-    {
-        return std::strtol(runParameters.value(QStringLiteral("LogicalMode")).constData(), nullptr, 10) == 1;
-    }
 
     /// Null when there is none.
     const ModuleBinding* binding(ZelCore::ENUM_IO_SUBSCRIBE_TYPE_ type, const QString& key) const

@@ -1,4 +1,4 @@
-#include "ConditionRecord.h"
+#include "condition/ConditionRecord.h"
 
 #include <cstdlib>
 

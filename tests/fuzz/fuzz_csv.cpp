@@ -1,6 +1,6 @@
 #include "EmbeddedCore/CoreError.h"
-#include "EmbeddedCore/CsvReader.h"
 #include "FuzzFile.h"
+#include "judgement/CsvReader.h"
 
 #include <cstdlib>
 

@@ -1,6 +1,6 @@
-#include "ConditionRecord.h"
 #include "FakeCore.h"
 #include "QIfModuleMainView.h"
+#include "condition/ConditionRecord.h"
 
 #include <QApplication>
 #include <QLabel>

@@ -1,5 +1,5 @@
-#include <ConditionName.h>
-#include <ConditionRecord.h>
+#include <condition/ConditionName.h>
+#include <condition/ConditionRecord.h>
 #include <QIfModuleExports.h>
 #include <QZelCommonControl/ButtonSelecterView.h>
 #include <QZelCommonControl/QmlRangeSliderView.h>

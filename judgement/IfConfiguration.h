@@ -1,0 +1,22 @@
+#pragma once
+
+#include "EmbeddedCore/ModuleConfiguration.h"
+#include "condition/ModuleParameter.h"
+
+/// What the configuration of a module means when it is an If module.
+namespace IfConfiguration {
+
+/// The stored list of conditions, for StoredCondition::fromStored(); empty when the module has none.
+inline QByteArray conditionList(const ModuleConfiguration& configuration)
+{
+    return configuration.binaryData.value(QLatin1String(ModuleParameter::conditionList));
+}
+
+/// Whether all conditions must be met; else any suffices.
+inline bool needsAll(const ModuleConfiguration& configuration)
+{
+    return ModuleParameter::needsAll(
+        configuration.runParameters.value(QLatin1String(ModuleParameter::judgementMode)).constData());
+}
+
+} // namespace IfConfiguration

@@ -1,0 +1,176 @@
+#include "commands/CommandLogView.h"
+
+#include <QClipboard>
+#include <QEvent>
+#include <QFileDialog>
+#include <QGuiApplication>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QSaveFile>
+#include <QScrollBar>
+#include <QTableView>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+constexpr int flushInterval = 50; // ms
+// Of number, time, kind, module, parameter, content, status, message; the last column takes the rest.
+constexpr int columnWidths[] = {60, 110, 150, 70, 180, 330, 120, 180}; // px
+} // namespace
+
+CommandLogView::CommandLogView(CommandTap& tap, QWidget* parent)
+    : QWidget(parent)
+    , m_tap(tap)
+    , m_filter(new QLineEdit)
+    , m_pause(new QPushButton)
+    , m_clear(new QPushButton)
+    , m_copy(new QPushButton)
+    , m_save(new QPushButton)
+    , m_table(new QTableView)
+{
+    m_filtered.setSourceModel(&m_model);
+    m_filtered.setFilterKeyColumn(-1);
+    m_filtered.setFilterCaseSensitivity(Qt::CaseInsensitive);
+    m_table->setObjectName(QStringLiteral("commandTable"));
+    m_table->setModel(&m_filtered);
+    m_table->setSelectionBehavior(QTableView::SelectRows);
+    m_table->setWordWrap(false);
+    m_table->setTabKeyNavigation(false);
+    m_table->verticalHeader()->hide();
+    m_table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    m_table->verticalHeader()->setDefaultSectionSize(m_table->fontMetrics().height() + 4);
+    m_table->horizontalHeader()->setStretchLastSection(true);
+    for (int column = 0; column < static_cast<int>(std::size(columnWidths)); ++column) {
+        m_table->setColumnWidth(column, columnWidths[column]);
+    }
+    m_pause->setCheckable(true);
+
+    auto* const tools = new QHBoxLayout;
+    tools->addWidget(m_filter, 1);
+    for (QPushButton* const button : {m_pause, m_clear, m_copy, m_save}) {
+        tools->addWidget(button);
+    }
+    auto* const layout = new QVBoxLayout(this);
+    layout->addLayout(tools);
+    layout->addWidget(m_table, 1);
+
+    m_flush.setSingleShot(true);
+    m_flush.setInterval(flushInterval);
+    connect(&m_flush, &QTimer::timeout, this, &CommandLogView::flush);
+    connect(&tap, &CommandTap::recorded, this, [this](const CommandEntry& entry) {
+        m_pending << entry;
+        if (!m_flush.isActive()) {
+            m_flush.start();
+        }
+    });
+    connect(m_filter, &QLineEdit::textChanged, &m_filtered, &QSortFilterProxyModel::setFilterFixedString);
+    connect(m_pause, &QPushButton::toggled, this, &CommandLogView::setRecording);
+    connect(m_clear, &QPushButton::clicked, this, [this] {
+        m_pending.clear();
+        m_model.clear();
+    });
+    connect(m_copy, &QPushButton::clicked, this, &CommandLogView::copy);
+    connect(m_save, &QPushButton::clicked, this, &CommandLogView::save);
+    setTexts();
+}
+
+CommandLogView::~CommandLogView()
+{
+    m_tap.setRecording(false);
+}
+
+void CommandLogView::setTexts()
+{
+    m_filter->setPlaceholderText(tr("filter"));
+    m_filter->setAccessibleName(tr("filter of the commands"));
+    m_table->setAccessibleName(tr("commands"));
+    m_pause->setText(tr("Pause"));
+    m_clear->setText(tr("Clear"));
+    m_copy->setText(tr("Copy"));
+    m_save->setText(tr("Save…"));
+    m_copy->setToolTip(tr("Copies the selected rows, or all that are shown."));
+    m_save->setToolTip(tr("Saves the selected rows, or all that are shown, as JSON lines."));
+    m_model.retranslate();
+}
+
+void CommandLogView::setRecording()
+{
+    m_tap.setRecording(isVisible() && !m_pause->isChecked());
+}
+
+void CommandLogView::flush()
+{
+    const QScrollBar* const bar = m_table->verticalScrollBar();
+    const bool isAtEnd = bar->value() == bar->maximum();
+    m_model.append(std::exchange(m_pending, {}));
+    if (isAtEnd) {
+        m_table->scrollToBottom();
+    }
+}
+
+QVector<int> CommandLogView::chosenRows() const
+{
+    QVector<int> rows;
+    const auto selected = m_table->selectionModel()->selectedRows();
+    for (const QModelIndex& index : selected) {
+        rows << m_filtered.mapToSource(index).row();
+    }
+    for (int row = 0; selected.isEmpty() && row < m_filtered.rowCount(); ++row) {
+        rows << m_filtered.mapToSource(m_filtered.index(row, 0)).row();
+    }
+    std::sort(rows.begin(), rows.end());
+    return rows;
+}
+
+void CommandLogView::copy()
+{
+    QStringList lines;
+    for (const int row : chosenRows()) {
+        lines << m_model.textOf(row);
+    }
+    QGuiApplication::clipboard()->setText(lines.join(QLatin1Char('\n')));
+}
+
+void CommandLogView::save()
+{
+    const QString name = QFileDialog::getSaveFileName(
+        this, tr("Save commands"), QStringLiteral("commands.jsonl"), tr("JSON lines (*.jsonl)"));
+    if (name.isEmpty()) {
+        return;
+    }
+    QSaveFile file(name);
+    bool isWritten = file.open(QIODevice::WriteOnly);
+    for (const int row : chosenRows()) {
+        isWritten = isWritten && file.write(m_model.jsonOf(row) + '\n') >= 0;
+    }
+    if (!isWritten || !file.commit()) {
+        QMessageBox::critical(this, QString(),
+                              tr("The file %1 can't be written: %2").arg(name, file.errorString()));
+    }
+}
+
+void CommandLogView::showEvent(QShowEvent* event)
+{
+    setRecording();
+    m_table->scrollToBottom();
+    QWidget::showEvent(event);
+}
+
+void CommandLogView::hideEvent(QHideEvent* event)
+{
+    m_tap.setRecording(false);
+    QWidget::hideEvent(event);
+}
+
+void CommandLogView::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::LanguageChange) {
+        setTexts();
+    }
+    QWidget::changeEvent(event);
+}

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "inspector/ModuleInspection.h"
+
+#include <QAbstractTableModel>
+
+/// Rows of an inspection; one with a remark is coloured and tells it in its tool tip.
+class InspectionTableModel : public QAbstractTableModel
+{
+    Q_OBJECT
+
+public:
+    explicit InspectionTableModel(QObject* parent = nullptr);
+
+    /// Views keep their place when only the cells have changed.
+    void setRows(const QStringList& columns, const ModuleInspection::Rows& rows);
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+private:
+    QStringList m_columns;
+    ModuleInspection::Rows m_rows;
+};
