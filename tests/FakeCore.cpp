@@ -22,20 +22,6 @@ CommandResult give(const QMap<QString, QByteArray>& from, const QString& key, ZE
 
 } // namespace
 
-FakeCore::FakeCore()
-{
-    auto& container = ZelCommon::IocContainar::Instance();
-    container.Clear();
-    container.RegisterType(ZelCommon::IocContainar::KeyOf<ICommandService>(),
-                           ZelCommon::Any(std::function<ICommandService*()>([this] { return this; })));
-    container.Build();
-}
-
-FakeCore::~FakeCore()
-{
-    ZelCommon::IocContainar::Instance().Clear();
-}
-
 CommandResult FakeCore::Execute(ICommand& command)
 {
     const QString line = CommandText::of(command).line();

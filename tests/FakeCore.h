@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ZelCommon/FilterSourceCommands.h"
+#include "ZelCommon/ServiceRegistration.h"
 #include "core_client/core_client.h"
 
 #include <QByteArray>
@@ -15,9 +16,6 @@
 class FakeCore : public ZelCore::ICommandService
 {
 public:
-    FakeCore();
-    ~FakeCore() override;
-
     ZelCore::CommandResult Execute(ZelCore::ICommand& command) override;
     ZelCore::CommandResult Execute(const void* sender, ZelCore::ICommand& command) override;
     std::future<ZelCore::CommandResult> ExecuteAsync(const void* sender, ZelCore::ICommand& command) override;
@@ -46,4 +44,5 @@ private:
 
     QStringList m_commands;
     int m_count = 0;
+    ZelCore::ServiceRegistration m_registration{*this};
 };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "EmbeddedCore/EmbeddedCore.h"
+#include "ZelCommon/ServiceRegistration.h"
 #include "commands/CommandTap.h"
 #include "faults/FaultInjector.h"
 
@@ -12,7 +13,6 @@ class CoreSession
 {
 public:
     CoreSession(QString flowFile, std::unique_ptr<EmbeddedCore> core);
-    ~CoreSession();
     Q_DISABLE_COPY(CoreSession)
 
     const Flow& flow() const { return m_core->flow(); }
@@ -28,4 +28,5 @@ private:
     std::unique_ptr<EmbeddedCore> m_core;
     FaultInjector m_faults;
     CommandTap m_tap;
+    ZelCore::ServiceRegistration m_registration;
 };

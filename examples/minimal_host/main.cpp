@@ -1,4 +1,5 @@
 #include "ZelCommon/FilterSourceCommands.h"
+#include "ZelCommon/ServiceRegistration.h"
 #include "ZelCommon/SynchronousService.h"
 #include "core_client/core_client.h"
 
@@ -14,7 +15,6 @@
 #include <cstdlib>
 
 using namespace ZelCore;
-using ZelCommon::IocContainar;
 
 namespace {
 
@@ -28,15 +28,6 @@ using UiDataQuery = QueryCommand<UI_OBJECT_PARAM_INFO_CONDITION__, UI_OBJECT_PAR
 class MemoryCore : public SynchronousService
 {
 public:
-    MemoryCore()
-    {
-        auto& container = IocContainar::Instance();
-        container.RegisterType(IocContainar::KeyOf<ICommandService>(),
-                               ZelCommon::Any(std::function<ICommandService*()>([this] { return this; })));
-        container.Build();
-    }
-    ~MemoryCore() override { IocContainar::Instance().Clear(); }
-
     using SynchronousService::Execute;
     CommandResult Execute(ICommand& command) override
     {
@@ -89,6 +80,7 @@ private:
 
     Values m_runParameters = {{"LogicalMode", "1"}};
     Values m_uiData;
+    ServiceRegistration m_registration{*this};
 };
 
 /// Ends what leaves a panel's slots: the plug-in catches no exception.

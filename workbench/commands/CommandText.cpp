@@ -1,7 +1,6 @@
 #include "commands/CommandText.h"
 
-#include "ZelCommon/FilterSourceCommands.h"
-#include "core_client/core_client.h"
+#include "ZelCommon/Catalogue.h"
 
 #include <algorithm>
 #include <iterator>
@@ -143,30 +142,13 @@ void read(const FilterSourceCommand& command, CommandText& text, std::size_t lon
     }
 }
 
-template <typename... Commands>
-void readAny(const ICommand& command, CommandText& text, std::size_t longest)
-{
-    const auto attempt = [&](const auto* typed) {
-        if (typed) {
-            read(*typed, text, longest);
-        }
-        return typed != nullptr;
-    };
-    (attempt(dynamic_cast<const Commands*>(&command)) || ...);
-}
-
 } // namespace
 
 CommandText CommandText::of(ICommand& command, std::size_t longest)
 {
     CommandText text;
     text.kind = QString::fromUtf8(command.Key());
-    readAny<AddIOCommand, SetRunParamCommand, SetBinaryDataCommand, SetUIDataCommand, DeleteUIDataCommand,
-            QueryCommand<BINARY_DATA_CONDITION__, BINARY_DATA__>,
-            QueryCommand<RUN_PARAM_CONDITION__, KADO_MODULE_PARAM__>,
-            QueryCommand<UI_OBJECT_PARAM_INFO_CONDITION__, UI_OBJECT_PARAM_INFO__>,
-            QueryCommand<SUBSCRIBE_CONDITION__, SUBSCRIBE_TREE__>, FilterSourceCommand>(command, text,
-                                                                                        longest);
+    visitCommand(command, [&text, longest](const auto& typed) { read(typed, text, longest); });
     return text;
 }
 
