@@ -2,6 +2,9 @@
 
 #include <QtTest>
 
+#include <array>
+#include <cstring>
+
 using namespace ZelCore;
 using ZelCommon::Any;
 using ZelCommon::IocContainar;
@@ -9,7 +12,9 @@ using ZelCommon::ZelException;
 
 namespace {
 
-// What a call throws, "" when it does not.
+using ServiceFunction = std::function<ICommandService*()>;
+
+/// What a call throws, "" when it does not.
 QByteArray thrownBy(const std::function<void()>& call)
 {
     try {
@@ -20,6 +25,19 @@ QByteArray thrownBy(const std::function<void()>& call)
     return {};
 }
 
+// The first word of such a pointer holds the offset in the virtual table.
+template <typename Class, typename Function>
+std::size_t slotOf(Function Class::*function)
+{
+    std::array<std::size_t, 2> words{};
+    static_assert(sizeof words == sizeof function);
+    std::memcpy(words.data(), &function, sizeof function);
+    return words[0] / sizeof(void*);
+}
+
+template <typename T>
+constexpr bool isCopied = std::is_copy_constructible_v<T>&& std::is_copy_assignable_v<T>;
+
 } // namespace
 
 class tst_core_client : public QObject
@@ -28,47 +46,88 @@ class tst_core_client : public QObject
 
 private slots:
     void resolution();
+    void anyHoldsAValue();
+    void virtualFunctionsKeepTheirPlaces();
     void nullTexts();
     void textsAreCut();
-    void valuesAreCopiedDeep();
+    void dataIsOwnedWhileItHasALength();
+    void copiesAreDeep();
+    void aPartIsAssignedToItsOwner();
+    void aContainerWithoutItemsIsEmpty();
 };
 
 void tst_core_client::resolution()
 {
     IocContainar& container = IocContainar::Instance();
+    const std::string key = IocContainar::KeyOf<ICommandService>();
     const auto resolve = [&container] { container.Resolve<ICommandService>(); };
+    const auto resolveKey = [&] { return container.IntermalResolve<ICommandService, ServiceFunction>(key); };
     {
-        const FakeCore core;
+        FakeCore core;
         QCOMPARE(container.Resolve<ICommandService>(), &core);
-        QVERIFY(container.IsRegister(IocContainar::KeyOf<ICommandService>().c_str()));
+        QCOMPARE((container.IntermalResolveNoKey<ICommandService, ServiceFunction>()), &core);
+        QCOMPARE(resolveKey(), &core);
+        QVERIFY(container.IsRegister(key.c_str()) && container.m_Constructors_Map.count(key) == 1);
     }
     QVERIFY(IsSuccess(Success) && !IsSuccess(None) && !IsSuccess(NothingChanged));
+    QVERIFY(!container.m_IsBuild);
     QCOMPARE(thrownBy(resolve), QByteArray("Containar is not Build"));
+    QCOMPARE(thrownBy(resolveKey), QByteArray("Containar is not Build"));
 
     container.Build();
     SetRunParamCommand command(1, "LogicalMode", "1");
     QCOMPARE(ExecuteCommand(command).Status, Failed);
-    container.RegisterType(IocContainar::KeyOf<ICommandService>(), Any(std::function<ICommandService*()>()));
+    container.RegisterType(IocContainar::KeyOf<ICommandService>(), ServiceFunction());
     QVERIFY(!container.Resolve<ICommandService>());
-    container.RegisterType(IocContainar::KeyOf<ICommandService>(), Any(5));
-    QCOMPARE(thrownBy(resolve), QByteArray("Can not cast TypeName:[i] to  TypeName:[") +
-                                    typeid(std::function<ICommandService*()>).name() + ']');
+    container.RegisterType(IocContainar::KeyOf<ICommandService>(), 5);
+    QCOMPARE(thrownBy(resolve),
+             QByteArray("Can not cast TypeName:[i] to  TypeName:[") + typeid(ServiceFunction).name() + ']');
+}
+
+void tst_core_client::anyHoldsAValue()
+{
+    Any first = std::string("text");
+    Any second(first);
+    first = 5;
+    QVERIFY(first.m_contentPtr->Type() == typeid(int));
+    QCOMPARE(second.Cast<std::string>(), std::string("text"));
+    first = std::move(second);
+    QVERIFY(first.Type() == typeid(std::string) && Any().Type() == typeid(void));
+}
+
+// Slots 0 and 1 are the destructor's.
+void tst_core_client::virtualFunctionsKeepTheirPlaces()
+{
+    QCOMPARE(slotOf(&ICommand::Key), 2u);
+    QCOMPARE(slotOf<ICommandService>(
+                 static_cast<CommandResult (ICommandService::*)(ICommand&)>(&ICommandService::Execute)),
+             2u);
+    QCOMPARE(slotOf<ICommandService>(static_cast<CommandResult (ICommandService::*)(const void*, ICommand&)>(
+                 &ICommandService::Execute)),
+             3u);
+    QCOMPARE(slotOf(&ICommandService::ExecuteAsync), 4u);
+    QCOMPARE(slotOf(&Any::Base::Type), 2u);
+    QCOMPARE(slotOf(&Any::Base::Clone), 3u);
 }
 
 void tst_core_client::nullTexts()
 {
     UInt length = 1;
+    const QByteArray runParam = "SetRunParamCommand(UInt& moduleID, char* paramName,char* val) ";
     const QByteArray uiData =
         "SetUIDataCommand(const UInt& moduleID, const char* paramName, const char* data, UInt& dataLen) ";
     const std::pair<std::function<void()>, QByteArray> calls[] = {
-        {[] { SetRunParamCommand(1, "name", nullptr); },
-         "SetRunParamCommand(UInt& moduleID, char* paramName,char* val) [val] is nullptr"},
-        {[] { SetBinaryDataCommand(1, "name", nullptr, 3); }, uiData + "[data] is nullptr"},
-        {[&] { SetUIDataCommand(1, "name", nullptr, length); }, uiData + "[data] is nullptr"},
+        {[] { SetRunParamCommand(1, nullptr, "1"); }, runParam + "[paramName] is nullptr"},
+        {[] { SetRunParamCommand(1, "name", nullptr); }, runParam + "[val] is nullptr"},
+        {[] { SetBinaryDataCommand(1, nullptr, "a", 1); }, uiData + "[paramName] is nullptr"},
+        {[] { SetBinaryDataCommand(1, "name", nullptr, 0); }, uiData + "[data] is nullptr"},
         {[&] { SetUIDataCommand(1, nullptr, "a", length); }, uiData + "[paramName] is nullptr"},
+        {[&] { SetUIDataCommand(1, "name", nullptr, length); }, uiData + "[data] is nullptr"},
         {[] { DeleteUIDataCommand(1, nullptr); }, uiData + "[paramName] is nullptr"},
         {[] { SUBSCRIBE_CONDITION__(1, static_cast<const char*>(nullptr)); },
          "SUBSCRIBE_CONDITION__ [varType] is nullptr"},
+        {[] { BINARY_DATA_CONDITION__(1, nullptr); }, "BINARY_DATA_CONDITION__ [paramName] is nullptr"},
+        {[] { RUN_PARAM_CONDITION__(1, nullptr); }, "RUN_PARAM_CONDITION__ [paramName] is nullptr"},
         {[] { UI_OBJECT_PARAM_INFO_CONDITION__(1, nullptr); }, "IOUnSubscribeCommand [paramName] is nullptr"},
     };
     for (const auto& [call, message] : calls) {
@@ -79,8 +138,11 @@ void tst_core_client::nullTexts()
 void tst_core_client::textsAreCut()
 {
     const QByteArray longText(2000, 'x');
+    UInt length = 0;
     QCOMPARE(TextOf(RUN_PARAM_CONDITION__(1, longText).ParamName).size(), 127u);
     QCOMPARE(TextOf(BINARY_DATA_CONDITION__(1, longText).ParamName).size(), 255u);
+    QCOMPARE(TextOf(SetBinaryDataCommand(1, longText, "", 0).ParamName).size(), 255u);
+    QCOMPARE(TextOf(SetUIDataCommand(1, longText, "", length).ParamName).size(), 127u);
     QCOMPARE(TextOf(SetRunParamCommand(1, longText, longText).Val).size(), 511u);
     QCOMPARE(TextOf(CommandResult(Failed, longText).Message).size(), 1023u);
     QCOMPARE(qstrlen(ZelException("%s", longText.constData()).what()), 1023u);
@@ -88,8 +150,29 @@ void tst_core_client::textsAreCut()
     QCOMPARE(TextOf(full).size(), 4u);
 }
 
-void tst_core_client::valuesAreCopiedDeep()
+// The leak checker sees an array that nobody frees, the address checker one that is freed twice.
+void tst_core_client::dataIsOwnedWhileItHasALength()
 {
+    char bytes[] = {'a', '\0', 'b'};
+    std::unique_ptr<char[]> taken;
+    {
+        SetBinaryDataCommand command(1, "IFText", bytes, 3, 5000);
+        bytes[0] = 'c';
+        QCOMPARE(QByteArray(command.Data, 3), QByteArray("a\0b", 3));
+        taken.reset(command.Data);
+        command.DataLen = 0;
+    }
+    QCOMPARE(taken[2], 'b');
+    UInt length = 0;
+    QVERIFY(SetBinaryDataCommand(1, "IFText", bytes, 0).Data && SetUIDataCommand(1, "@", bytes, length).Data);
+}
+
+void tst_core_client::copiesAreDeep()
+{
+    static_assert(isCopied<AddIOCommand> && isCopied<SetRunParamCommand> && isCopied<DeleteUIDataCommand> &&
+                  isCopied<QueryCommand<RUN_PARAM_CONDITION__, IO_INFO__>>);
+    static_assert(!isCopied<SetBinaryDataCommand> && !isCopied<SetUIDataCommand>, "they own their data");
+
     SUBSCRIBE_TREE__ tree;
     tree.CreateList(2);
     tree.At(1).CreateList(3);
@@ -98,26 +181,55 @@ void tst_core_client::valuesAreCopiedDeep()
     FillText(tree.At(1).At(2).NodeName, "other");
     const auto& same = copy;
     copy = same;
-    // An item of the container itself: its owner goes while it is read.
-    static_cast<ZEL_VALUE_CONTAINER__<SUBSCRIBE_NODE__>&>(copy) = copy.At(1);
-    QCOMPARE(copy.Num(), 3u);
-    QCOMPARE(copy.At(2).NodeName, "leaf");
-    QVERIFY(thrownBy([&copy] { copy.At(3); }).contains("[3] of [3]"));
+    QCOMPARE(copy.At(1).At(2).NodeName, "leaf");
+    QVERIFY(thrownBy([&copy] { copy.At(2); }).contains("[2] of [2]"));
     QVERIFY(!thrownBy([&copy] { copy.At(-1); }).isEmpty());
     copy.CreateList(0);
     QVERIFY(!copy.Items() && copy.Num() == 0);
+}
 
-    char bytes[] = {'a', '\0', 'b'};
-    const SetBinaryDataCommand command(1, "IFText", bytes, 3);
-    bytes[0] = 'c';
-    QCOMPARE(QByteArray(command.Data, 3), QByteArray("a\0b", 3));
+void tst_core_client::aPartIsAssignedToItsOwner()
+{
+    SUBSCRIBE_NODE__ node;
+    node.CreateList(2);
+    node.At(1).ModuleID = 5;
+    FillText(node.At(1).NodeName, "name");
+    FillText(node.At(1).SubscribeName, "5.name");
+    node.At(1).CreateList(3);
+    node = node.At(1);
+    QCOMPARE(node.Num(), 3u);
+    QCOMPARE(node.ModuleID, 5u);
+    QCOMPARE(node.NodeName, "name");
+    QCOMPARE(node.SubscribeName, "5.name");
 
-    Any first(std::string("text"));
-    Any second(first);
-    first = Any(5);
-    QCOMPARE(second.Cast<std::string>(), std::string("text"));
-    first = std::move(second);
-    QVERIFY(first.Type() == typeid(std::string) && Any().Type() == typeid(void));
+    IO_INFO__ io;
+    io.CreateList(2);
+    io.At(1).Init("%int0%", "int", nullptr);
+    io.At(1).ExtraData.CanSubscribe = false;
+    io.At(1).CreateList(3);
+    io = io.At(1);
+    QCOMPARE(io.Num(), 3u);
+    QCOMPARE(io.ParamName, "%int0%");
+    QCOMPARE(io.VauleType, "int");
+    QVERIFY(!io.ExtraData.CanSubscribe);
+}
+
+void tst_core_client::aContainerWithoutItemsIsEmpty()
+{
+    SUBSCRIBE_NODE__ node;
+    node.m_Num = 3;
+    BINARY_DATA__ bytes;
+    bytes.m_Num = 3;
+    QCOMPARE(node.Num(), 0u);
+    QVERIFY(!thrownBy([&node] { node.At(0); }).isEmpty());
+    QVERIFY(TextOf(bytes).empty());
+    QCOMPARE(SUBSCRIBE_NODE__(node).m_Num, 0u);
+    SUBSCRIBE_NODE__ other;
+    other.CreateList(2);
+    other = node;
+    QVERIFY(!other.m_Items && other.m_Num == 0);
+    node.CreateList(0);
+    QCOMPARE(node.m_Num, 0u);
 }
 
 QTEST_APPLESS_MAIN(tst_core_client)

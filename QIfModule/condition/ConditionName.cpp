@@ -20,23 +20,12 @@ QString enclosed(const QString& name)
 
 Type typeOf(const QString& name)
 {
-    if (name.contains(intWord)) {
-        return Type::Int;
-    }
-    return name.contains(floatWord) ? Type::Float : Type::None;
+    return name.contains(intWord) ? Type::Int : name.contains(floatWord) ? Type::Float : Type::None;
 }
 
 QString typeWord(Type type)
 {
-    switch (type) {
-    case Type::Int:
-        return intWord;
-    case Type::Float:
-        return floatWord;
-    case Type::None:
-        break;
-    }
-    return {};
+    return type == Type::Int ? intWord : type == Type::Float ? floatWord : QString();
 }
 
 bool isWrittenAsFloat(const QString& name)
@@ -46,10 +35,7 @@ bool isWrittenAsFloat(const QString& name)
 
 QString subscribedType(const QString& name, const QString& askedType)
 {
-    if (name.contains(floatWord)) {
-        return floatWord;
-    }
-    return name.contains(intWord) ? intWord : askedType;
+    return name.contains(floatWord) ? floatWord : name.contains(intWord) ? intWord : askedType;
 }
 
 bool lessThan(const QString& first, const QString& second)

@@ -3,7 +3,7 @@
 #include <QString>
 #include <QStringList>
 
-/// What a condition's name tells: its type, its place among the names, and every key that the core
+/// A condition's name carries its type and its place among the names, and forms every key that the core
 /// holds for it. A name is a type word and a number, "int0" or "float3", unique in the panel.
 namespace ConditionName {
 
@@ -45,7 +45,7 @@ QString outputRemovalKey(const QString& ioName);
 QString lowerBoundKey(const QString& name);
 QString upperBoundKey(const QString& name);
 
-/// UI data that tell whether a bound is subscribed: "True" or "False".
+/// UI data that say whether a bound is subscribed: "True" or "False".
 QString lowerBoundSourceKey(const QString& name);
 QString upperBoundSourceKey(const QString& name);
 

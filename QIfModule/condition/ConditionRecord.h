@@ -29,14 +29,14 @@ struct StoredCondition : ConditionRecord
 {
     /// The minimum as it stands in the text.
     QString minimumText;
-    /// Told by a "." in the minimum's text, not by the name.
+    /// Whether the minimum's text contains a "."; the name does not count.
     bool isFloat = false;
     /// Whether the maximum was a number.
     bool hasValidMaximum = false;
 
     /// The conditions of stored bytes, up to the first NUL; see fromText().
     static QList<StoredCondition> fromStored(const QByteArray& bytes);
-    /// The conditions of a text, in order. Pieces with fewer than four fields are passed over.
+    /// The conditions of a text, in order. Pieces with fewer than four fields are skipped.
     static QList<StoredCondition> fromText(const QString& text);
 };
 

@@ -13,14 +13,10 @@ public:
     class Base
     {
     public:
-        Base() = default;
         virtual ~Base() = default;
         virtual const std::type_info& Type() const = 0;
         /// The caller owns the copy.
         virtual Base* Clone() const = 0;
-
-        Base(const Base&) = delete;
-        Base& operator=(const Base&) = delete;
     };
 
     template <typename T>
@@ -39,7 +35,7 @@ public:
     Any() = default;
 
     template <typename T, typename = std::enable_if_t<!std::is_same_v<std::decay_t<T>, Any>>>
-    explicit Any(T&& value)
+    Any(T&& value)
         : m_contentPtr(new Holder<std::decay_t<T>>(std::forward<T>(value)))
     {}
 
@@ -69,7 +65,6 @@ public:
         return static_cast<const Holder<T>*>(m_contentPtr)->m_held;
     }
 
-private:
     Base* m_contentPtr = nullptr;
 };
 

@@ -5,7 +5,7 @@
 
 namespace ZelCore {
 
-/// What a command came to. Message is UTF-8, cut to 1023 bytes, empty when there is nothing to say.
+/// The outcome of a command. Message is UTF-8, cut to 1023 bytes, empty when there is nothing to say.
 struct CommandResult
 {
     char Message[1024] = {};

@@ -10,26 +10,34 @@
 
 namespace ZelCore {
 
-/// The platform's wording for a null text; several commands share it.
-inline constexpr char SetUIDataNullFormat[] =
-    "SetUIDataCommand(const UInt& moduleID, const char* paramName, const char* data, UInt& dataLen) "
-    "[%s] is nullptr";
+/// The platform's wording for a null text; the commands that own data and DeleteUIDataCommand share it.
+inline const char* CheckedUIDataText(const char* text, const char* argument)
+{
+    return ZelCommon::CheckedText(text,
+                                  "SetUIDataCommand(const UInt& moduleID, const char* paramName, "
+                                  "const char* data, UInt& dataLen) [%s] is nullptr",
+                                  argument);
+}
 
-/// A copy of length bytes in a new array, zeroed first; the caller owns it.
+/// A copy of length bytes in a new array, which the caller owns; for 0 an empty array that nobody frees.
 inline char* CopyOfData(const char* data, const UInt& length)
 {
-    if (!data) {
-        throw ZelCommon::ZelException(SetUIDataNullFormat, "data");
+    static char empty[1] = {};
+    CheckedUIDataText(data, "data");
+    return length == 0 ? empty : static_cast<char*>(std::memcpy(new char[length], data, length));
+}
+
+/// Frees what CopyOfData() returned for the length.
+inline void FreeData(char* data, const UInt& length)
+{
+    if (length != 0) {
+        delete[] data;
     }
-    char* const copy = new char[length]();
-    std::memcpy(copy, data, length);
-    return copy;
 }
 
 /// Gives a module an input or an output. IOInfo stays the caller's and must outlive the execution.
-class AddIOCommand : public Command
+struct AddIOCommand : Command
 {
-public:
     AddIOCommand(const UInt& moduleID, IO_INFO* ioInfo, const IOClass& ioClass)
         : ModuleID(moduleID)
         , IOInfo(ioInfo)
@@ -43,19 +51,16 @@ public:
 };
 
 /// Sets a run parameter, a text, of a module.
-class SetRunParamCommand : public Command
+struct SetRunParamCommand : Command
 {
-public:
-    /// Throws ZelException when val is null; a null name reads as an empty one.
+    /// Throws ZelException when paramName or val is null.
     SetRunParamCommand(const UInt& moduleID, const char* paramName, const char* val)
         : ModuleID(moduleID)
     {
-        if (!val) {
-            throw ZelCommon::ZelException(
-                "SetRunParamCommand(UInt& moduleID, char* paramName,char* val) [%s] is nullptr", "val");
-        }
-        FillText(ParamName, paramName);
-        FillText(Val, val);
+        constexpr char format[] =
+            "SetRunParamCommand(UInt& moduleID, char* paramName,char* val) [%s] is nullptr";
+        FillText(ParamName, ZelCommon::CheckedText(paramName, format, "paramName"));
+        FillText(Val, ZelCommon::CheckedText(val, format, "val"));
     }
     const char* Key() override { return "SetRunParam"; }
 
@@ -65,10 +70,9 @@ public:
 };
 
 /// Sets a binary-data parameter of a module to a copy of the given bytes.
-class SetBinaryDataCommand : public Command
+struct SetBinaryDataCommand : Command
 {
-public:
-    /// Throws ZelException when data is null; a null name reads as an empty one.
+    /// Throws ZelException when paramName or data is null.
     SetBinaryDataCommand(const UInt& moduleID, const char* paramName, const char* data, const UInt& dataLen)
         : SetBinaryDataCommand(moduleID, paramName, data, dataLen, 0)
     {}
@@ -77,12 +81,12 @@ public:
                          const UInt& timeOut)
         : ModuleID(moduleID)
         , DataLen(dataLen)
-        , Data(CopyOfData(data, dataLen))
         , TimeOut(timeOut)
     {
-        FillText(ParamName, paramName);
+        FillText(ParamName, CheckedUIDataText(paramName, "paramName"));
+        Data = CopyOfData(data, dataLen);
     }
-    ~SetBinaryDataCommand() override { delete[] Data; }
+    ~SetBinaryDataCommand() override { FreeData(Data, DataLen); }
     SetBinaryDataCommand(const SetBinaryDataCommand&) = delete;
     SetBinaryDataCommand& operator=(const SetBinaryDataCommand&) = delete;
     const char* Key() override { return "SetBinaryData"; }
@@ -90,26 +94,22 @@ public:
     UInt ModuleID;
     char ParamName[256];
     UInt DataLen;
-    char* Data;
+    char* Data = nullptr;
     UInt TimeOut;
 };
 
-/// Sets a UI datum of a module, something only its panel reads, to a copy of the given bytes.
-class SetUIDataCommand : public Command
+/// Sets a UI datum of a module, which only its panel reads, to a copy of the given bytes.
+struct SetUIDataCommand : Command
 {
-public:
     /// Throws ZelException when paramName or data is null.
     SetUIDataCommand(const UInt& moduleID, const char* paramName, const char* data, UInt& dataLen)
         : ModuleID(moduleID)
         , DataLen(dataLen)
     {
-        if (!paramName) {
-            throw ZelCommon::ZelException(SetUIDataNullFormat, "paramName");
-        }
-        FillText(ParamName, paramName);
+        FillText(ParamName, CheckedUIDataText(paramName, "paramName"));
         Data = CopyOfData(data, dataLen);
     }
-    ~SetUIDataCommand() override { delete[] Data; }
+    ~SetUIDataCommand() override { FreeData(Data, DataLen); }
     SetUIDataCommand(const SetUIDataCommand&) = delete;
     SetUIDataCommand& operator=(const SetUIDataCommand&) = delete;
     const char* Key() override { return "SetUIData"; }
@@ -121,17 +121,13 @@ public:
 };
 
 /// Removes a UI datum of a module.
-class DeleteUIDataCommand : public Command
+struct DeleteUIDataCommand : Command
 {
-public:
     /// Throws ZelException when paramName is null.
     DeleteUIDataCommand(const UInt& moduleID, const char* paramName)
         : ModuleID(moduleID)
     {
-        if (!paramName) {
-            throw ZelCommon::ZelException(SetUIDataNullFormat, "paramName");
-        }
-        FillText(ParamName, paramName);
+        FillText(ParamName, CheckedUIDataText(paramName, "paramName"));
     }
     const char* Key() override { return "DeleteUIData"; }
 
@@ -154,9 +150,8 @@ inline constexpr const char* QueryKey<UI_OBJECT_PARAM_INFO_CONDITION__> = "Query
 /// Asks the core for what a condition names. Neither condition nor result is owned; both must outlive
 /// the execution. The result is written on success only.
 template <typename Cond, typename ResultRecord>
-class QueryCommand : public Command
+struct QueryCommand : Command
 {
-public:
     QueryCommand(const Cond& condition, ResultRecord* result)
         : Condition(&condition)
         , Result(result)

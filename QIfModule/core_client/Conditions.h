@@ -27,36 +27,38 @@ struct SUBSCRIBE_CONDITION__
         , ModuleRange(range)
         , VarTypeNum(1)
     {
-        if (!varType) {
-            throw ZelCommon::ZelException("SUBSCRIBE_CONDITION__ [%s] is nullptr", "varType");
-        }
-        FillText(VauleTypes[0], varType);
+        FillText(VauleTypes[0],
+                 ZelCommon::CheckedText(varType, "SUBSCRIBE_CONDITION__ [%s] is nullptr", "varType"));
     }
 };
 
-/// Asks for a binary-data parameter of a module. A null name reads as an empty one.
+/// Asks for a binary-data parameter of a module.
 struct BINARY_DATA_CONDITION__
 {
     UInt ModuleID = 0;
     char ParamName[256] = {};
 
+    /// Throws ZelException when paramName is null.
     BINARY_DATA_CONDITION__(const UInt& moduleID, const char* paramName)
         : ModuleID(moduleID)
     {
-        FillText(ParamName, paramName);
+        FillText(ParamName,
+                 ZelCommon::CheckedText(paramName, "BINARY_DATA_CONDITION__ [%s] is nullptr", "paramName"));
     }
 };
 
-/// Asks for a run parameter of a module. A null name reads as an empty one.
+/// Asks for a run parameter of a module.
 struct RUN_PARAM_CONDITION__
 {
     UInt ModuleID = 0;
     char ParamName[128] = {};
 
+    /// Throws ZelException when paramName is null.
     RUN_PARAM_CONDITION__(const UInt& moduleID, const char* paramName)
         : ModuleID(moduleID)
     {
-        FillText(ParamName, paramName);
+        FillText(ParamName,
+                 ZelCommon::CheckedText(paramName, "RUN_PARAM_CONDITION__ [%s] is nullptr", "paramName"));
     }
 };
 
@@ -70,10 +72,8 @@ struct UI_OBJECT_PARAM_INFO_CONDITION__
     UI_OBJECT_PARAM_INFO_CONDITION__(const UInt& objectID, const char* paramName)
         : ObjectID(objectID)
     {
-        if (!paramName) {
-            throw ZelCommon::ZelException("IOUnSubscribeCommand [%s] is nullptr", "paramName");
-        }
-        FillText(ParamName, paramName);
+        FillText(ParamName,
+                 ZelCommon::CheckedText(paramName, "IOUnSubscribeCommand [%s] is nullptr", "paramName"));
     }
 };
 

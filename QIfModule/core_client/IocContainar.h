@@ -56,10 +56,6 @@ public:
         return IntermalResolveNoKey<T, std::function<T*()>>();
     }
 
-private:
-    IocContainar() = default;
-    ~IocContainar() = default;
-
     template <typename T, typename Function>
     T* IntermalResolveNoKey() const
     {
@@ -84,6 +80,13 @@ private:
         return function ? function() : nullptr;
     }
 
+    std::map<std::string, Any> m_Constructors_Map;
+    bool m_IsBuild = false;
+
+private:
+    IocContainar() = default;
+    ~IocContainar() = default;
+
     void CheckBuild() const
     {
         if (!m_IsBuild) {
@@ -97,9 +100,6 @@ private:
         const char* const name = type.name();
         return *name == '*' ? name + 1 : name;
     }
-
-    std::map<std::string, Any> m_Constructors_Map;
-    bool m_IsBuild = false;
 };
 
 } // namespace ZelCommon

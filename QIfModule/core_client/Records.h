@@ -4,6 +4,8 @@
 #include "FixedText.h"
 #include "ZelValueContainer.h"
 
+#include <utility>
+
 /// A run parameter as the core stores it: both fields are texts.
 struct KADO_MODULE_PARAM__
 {
@@ -20,6 +22,17 @@ struct SUBSCRIBE_NODE__ : ZEL_VALUE_CONTAINER__<SUBSCRIBE_NODE__>
     UInt ModuleID = 0;
     char NodeName[128] = {};
     char SubscribeName[256] = {};
+
+    SUBSCRIBE_NODE__() = default;
+    SUBSCRIBE_NODE__(const SUBSCRIBE_NODE__&) = default;
+    SUBSCRIBE_NODE__& operator=(SUBSCRIBE_NODE__ other)
+    {
+        SwapItems(other);
+        std::swap(ModuleID, other.ModuleID);
+        std::swap(NodeName, other.NodeName);
+        std::swap(SubscribeName, other.SubscribeName);
+        return *this;
+    }
 };
 
 /// The top-level nodes: one for each module that offers something.
@@ -71,6 +84,15 @@ struct IO_INFO__ : ZEL_VALUE_CONTAINER__<IO_INFO__>
     IO_EXTRA_DATA__ ExtraData;
 
     IO_INFO__() = default;
+    IO_INFO__(const IO_INFO__&) = default;
+    IO_INFO__& operator=(IO_INFO__ other)
+    {
+        SwapItems(other);
+        std::swap(ParamName, other.ParamName);
+        std::swap(VauleType, other.VauleType);
+        std::swap(ExtraData, other.ExtraData);
+        return *this;
+    }
     IO_INFO__(const char* name, const char* type) { Init(name, type, nullptr); }
 
     /// Sets name, type and flags; null flags are the default ones. The sub-items stay.

@@ -27,4 +27,14 @@ private:
     int m_ErrorCode = 0;
 };
 
+/// The text, unless it is null: then throws ZelException with the format, whose %s becomes the argument's
+/// name.
+inline const char* CheckedText(const char* text, const char* format, const char* argument)
+{
+    if (!text) {
+        throw ZelException(format, argument);
+    }
+    return text;
+}
+
 } // namespace ZelCommon

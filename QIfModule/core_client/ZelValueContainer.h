@@ -16,38 +16,33 @@ public:
     ZEL_VALUE_CONTAINER__() = default;
     virtual ~ZEL_VALUE_CONTAINER__() { Clear(); }
 
+    // Delegates, so that the destructor frees the items when copying one of them throws.
     ZEL_VALUE_CONTAINER__(const ZEL_VALUE_CONTAINER__& other)
+        : ZEL_VALUE_CONTAINER__()
     {
-        CreateList(other.m_Num);
-        try {
-            std::copy_n(other.m_Items, m_Num, m_Items);
-        } catch (...) {
-            Clear();
-            throw;
-        }
+        CreateList(other.Num());
+        std::copy_n(other.m_Items, m_Num, m_Items);
     }
 
-    ZEL_VALUE_CONTAINER__& operator=(const ZEL_VALUE_CONTAINER__& other)
+    // By value: the other container may be in one of the items.
+    ZEL_VALUE_CONTAINER__& operator=(ZEL_VALUE_CONTAINER__ other)
     {
-        if (this != &other) {
-            ZEL_VALUE_CONTAINER__ copy(other);
-            std::swap(m_Num, copy.m_Num);
-            std::swap(m_Items, copy.m_Items);
-        }
+        SwapItems(other);
         return *this;
     }
 
     /// The first of Num() items, null when there is none. The container keeps them.
     T* Items() { return m_Items; }
     const T* Items() const { return m_Items; }
-    UInt Num() const { return m_Num; }
+    /// The number of items; 0 while m_Items is null, whatever m_Num is.
+    UInt Num() const { return m_Items ? m_Num : 0; }
 
     /// Throws ZelException when there is no such item.
     T& At(const int& index) { return const_cast<T&>(std::as_const(*this).At(index)); }
     const T& At(const int& index) const
     {
-        if (index < 0 || static_cast<UInt>(index) >= m_Num) {
-            throw ZelCommon::ZelException("ZEL_VALUE_CONTAINER__ At index [%d] of [%u] items", index, m_Num);
+        if (index < 0 || static_cast<UInt>(index) >= Num()) {
+            throw ZelCommon::ZelException("ZEL_VALUE_CONTAINER__ At index [%d] of [%u] items", index, Num());
         }
         return m_Items[index];
     }
@@ -57,10 +52,8 @@ public:
     {
         const UInt count = num; // num may be a field of an item that Clear() destroys
         Clear();
-        if (count != 0) {
-            m_Items = new T[count]();
-            m_Num = count;
-        }
+        m_Items = count != 0 ? new T[count]() : nullptr;
+        m_Num = count;
     }
 
     void Clear()
@@ -73,6 +66,13 @@ public:
 
     UInt m_Num = 0;
     T* m_Items = nullptr;
+
+protected:
+    void SwapItems(ZEL_VALUE_CONTAINER__& other) noexcept
+    {
+        std::swap(m_Num, other.m_Num);
+        std::swap(m_Items, other.m_Items);
+    }
 };
 
 } // namespace ZelCore
