@@ -1,13 +1,14 @@
-#include "CoreSession.h"
 #include "FakeCore.h"
+#include "FlowModuleModel.h"
 #include "commands/CommandLogView.h"
 #include "faults/FaultInjector.h"
+#include "inspector/InspectionTableModel.h"
+#include "run/ResultModel.h"
 
 #include <QAbstractItemModelTester>
 #include <QJsonDocument>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QSignalSpy>
 #include <QTableView>
 #include <QtTest>
 
@@ -15,68 +16,84 @@ using namespace ZelCore;
 
 namespace {
 
-CommandResult setMode(ICommandService& service, const char* value)
+QString answerTo(ICommandService& service, const char* parameter, const char* value = "1")
 {
-    SetRunParamCommand command(7, "LogicalMode", value);
-    return service.Execute(command);
+    try {
+        SetRunParamCommand command(7, parameter, value);
+        const CommandStatus status = service.Execute(command).Status;
+        return status == Success ? "done" : status == Failed ? "failed" : "unchanged";
+    } catch (const ZelCommon::ZelException&) {
+        return "thrown";
+    }
+}
+
+Fault faultOf(const char* text)
+{
+    QString error;
+    const auto fault = FaultPlan::parse(text, &error);
+    Q_ASSERT_X(fault, text, qPrintable(error));
+    return *fault;
 }
 
 } // namespace
+Q_DECLARE_METATYPE(CommandStatus)
 
+/// What lies between panel and core, and the models of the workbench's views.
 class tst_command_log : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void records();
-    void keepsTheLatest();
-    void text();
+    void log();
+    void longestLog();
+    void colours_data();
+    void colours();
+    void content_data();
+    void content();
+    void faults_data();
     void faults();
+    void severalFaults();
+    void refusedFaults_data();
     void refusedFaults();
+    void models();
 };
 
-void tst_command_log::records()
+void tst_command_log::log()
 {
     FakeCore core;
     FaultInjector faults(core);
     CommandTap tap(faults);
     CommandLogView view(tap);
-    const QSignalSpy executed(&tap, &CommandTap::executed);
-    const QSignalSpy recorded(&tap, &CommandTap::recorded);
-    setMode(tap, "1");
-    QVERIFY(executed.count() == 1 && recorded.isEmpty());
+    int executed = 0;
+    connect(&tap, &CommandTap::executed, this, [&executed] { ++executed; });
+    answerTo(tap, "LogicalMode", "1");
 
     view.show();
-    setMode(tap, "2");
-    Fault fault;
-    fault.answer = Fault::Answer::Exception;
-    fault.message = "磁盘 full";
-    faults.arm(fault);
-    QVERIFY_EXCEPTION_THROWN(setMode(tap, "3"), ZelCommon::ZelException);
+    answerTo(tap, "LogicalMode", "2");
+    faults.arm(faultOf("answer=Exception,message=磁盘 full"));
+    QCOMPARE(answerTo(tap, "LogicalMode", "3"), "thrown");
     auto* const pause = view.findChild<QPushButton*>();
     pause->click();
-    setMode(tap, "4");
+    answerTo(tap, "LogicalMode", "4");
+    QCOMPARE(executed, 4);
+
+    // Neither what ran while the view was hidden nor while it paused.
     const auto* const rows = qobject_cast<QSortFilterProxyModel*>(view.findChild<QTableView*>()->model());
     QTRY_COMPARE(rows->rowCount(), 2);
     const auto* const model = qobject_cast<CommandLogModel*>(rows->sourceModel());
     const QJsonDocument last = QJsonDocument::fromJson(model->jsonOf(1));
     QCOMPARE(last["number"].toInt(), 3);
     QCOMPARE(last["module"].toInt(), 7);
-    QCOMPARE(last["content"].toString(), QString("3"));
-    QCOMPARE(last["status"].toString(), QString("Exception"));
-    QCOMPARE(last["message"].toString(), fault.message);
-
+    QCOMPARE(last["content"].toString(), "3");
+    QCOMPARE(last["status"].toString(), "Exception");
+    QCOMPARE(last["message"].toString(), "磁盘 full");
     view.findChild<QLineEdit*>()->setText("FULL");
     QCOMPARE(rows->rowCount(), 1);
-    view.hide();
-    pause->click();
-    QVERIFY(!tap.isRecording());
 }
 
-void tst_command_log::keepsTheLatest()
+void tst_command_log::longestLog()
 {
     CommandLogModel model;
-    QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
     qint64 number = 0;
     for (const int batch : {1, CommandLogModel::capacity - 1, 3, 2 * CommandLogModel::capacity}) {
         QVector<CommandEntry> entries(batch);
@@ -90,75 +107,155 @@ void tst_command_log::keepsTheLatest()
     }
 }
 
-void tst_command_log::text()
+void tst_command_log::colours_data()
 {
-    const std::pair<QByteArray, QString> contents[] = {{QByteArray("a\0\n", 3), "a\\0\\u000a"},
-                                                       {"0123456789", "0123456789"},
-                                                       {"01234567890", "0123456789... (11 bytes)"},
-                                                       {"01234567孔孔", "01234567... (14 bytes)"},
-                                                       {"", ""}};
-    for (const auto& [data, content] : contents) {
-        auto length = static_cast<UInt>(data.size());
-        SetUIDataCommand command(7, "@%int0%Start", data.constData(), length);
-        const CommandText text = CommandText::of(command, 10);
-        QCOMPARE(text.content, content);
-        QCOMPARE(text.kind + text.parameter, QString("SetUIData@%int0%Start"));
-        QVERIFY(CommandText::kinds().contains(text.kind));
-    }
-    AddIOCommand nothing(7, nullptr, Input);
-    QCOMPARE(CommandText::of(nothing).content, QString("class=1 (null)"));
+    QTest::addColumn<QString>("kind");
+    QTest::addColumn<CommandStatus>("status");
+    QTest::addColumn<QString>("message");
+    QTest::addColumn<bool>("isColoured");
+    QTest::newRow("done") << "SetBinaryData" << Success << "" << false;
+    QTest::newRow("save refused") << "SetBinaryData" << Failed << "disk full" << true;
+    QTest::newRow("save without effect") << "SetRunParam" << NothingChanged << "" << true;
+    QTest::newRow("nothing bound") << "GetFilterSource" << NothingChanged << "" << false;
+    QTest::newRow("nothing to remove") << "DeleteUIData" << NothingChanged << "" << false;
+    QTest::newRow("never switched") << "QueryUIData" << Failed << "no parameter @%int0%Start" << false;
+    QTest::newRow("switch not read") << "QueryUIData" << Failed << "disk I/O error" << true;
+    QTest::newRow("list not read") << "QueryBinaryData" << Failed << "no parameter @%int0%Start" << true;
 }
 
-// What five commands are answered, two of another parameter between three, and whether the fault stays armed.
+void tst_command_log::colours()
+{
+    QFETCH(QString, kind);
+    QFETCH(CommandStatus, status);
+    QFETCH(QString, message);
+    CommandEntry entry;
+    entry.text.kind = kind;
+    entry.text.parameter = "@%int0%Start";
+    entry.status = status;
+    entry.message = message;
+    CommandLogModel model;
+    model.append({entry});
+    QTEST(model.index(0, 0).data(Qt::ForegroundRole).isValid(), "isColoured");
+}
+
+void tst_command_log::content_data()
+{
+    QTest::addColumn<QByteArray>("data");
+    QTest::addColumn<QString>("content");
+    QTest::newRow("control characters") << QByteArray("a\0\n", 3) << "a\\0\\u000a";
+    QTest::newRow("just short enough") << QByteArray("0123456789") << "0123456789";
+    QTest::newRow("cut") << QByteArray("01234567890") << "0123456789... (11 bytes)";
+    QTest::newRow("not cut within a character") << QByteArray("01234567孔孔") << "01234567... (14 bytes)";
+    QTest::newRow("nothing") << QByteArray("") << "";
+}
+
+void tst_command_log::content()
+{
+    QFETCH(QByteArray, data);
+    auto length = static_cast<UInt>(data.size());
+    SetUIDataCommand command(7, "@%int0%Start", data.constData(), length);
+    QTEST(CommandText::of(command, 10).content, "content");
+}
+
+void tst_command_log::faults_data()
+{
+    QTest::addColumn<QString>("fault");
+    QTest::addColumn<QStringList>("answers"); // to LogicalMode and Other in turn
+    QTest::addColumn<bool>("staysArmed");
+    const QStringList done = {"done", "done", "done", "done"};
+    QTest::newRow("next") << "" << QStringList{"failed", "done", "done", "done"} << false;
+    QTest::newRow("second") << "when=2,answer=NothingChanged"
+                            << QStringList{"done", "unchanged", "done", "done"} << false;
+    QTest::newRow("every") << "when=every,answer=Exception"
+                           << QStringList{"thrown", "thrown", "thrown", "thrown"} << true;
+    QTest::newRow("second of a parameter") << "kind=SetRunParam,parameter=Other,when=2"
+                                           << QStringList{"done", "done", "done", "failed"} << false;
+    QTest::newRow("another kind") << "kind=AddIO" << done << true;
+    QTest::newRow("not yet") << "when=9" << done << true;
+    QTest::newRow("delay") << "when=3,answer=Delay" << QStringList{"done", "done", "held done", "done"}
+                           << false;
+}
+
 void tst_command_log::faults()
 {
-    for (const auto& [fault, expected] : {std::pair("", "FSSSS"),
-                                          {"when=2,answer=NothingChanged", "SNSSS"},
-                                          {"when=every,answer=Exception", "EEEEE armed"},
-                                          {"kind=SetRunParam,parameter=LogicalMode,when=2", "SSFSS"},
-                                          {"parameter=Other,when=every", "SFSFS armed"},
-                                          {"kind=AddIO", "SSSSS armed"},
-                                          {"when=9", "SSSSS armed"},
-                                          {"when=3,answer=Delay", "SSDSS"}}) {
-        FakeCore core;
-        FaultInjector injector(core);
-        QString answers;
-        injector.hold = [&answers](int milliseconds) { answers += milliseconds == 2000 ? "D" : "?"; };
-        QString error;
-        const auto parsed = FaultPlan::parse(fault, &error);
-        QVERIFY2(parsed, qPrintable(error));
-        QCOMPARE(FaultPlan::parse(parsed->text(), &error)->text(), parsed->text());
-        injector.arm(*parsed);
-        for (int i = 0; i < 5; ++i) {
-            try {
-                SetRunParamCommand command(7, i % 2 == 0 ? "LogicalMode" : "Other", "1");
-                const CommandStatus status = injector.Execute(command).Status;
-                if (answers.size() == i) {
-                    answers += status == Success ? 'S' : status == Failed ? 'F' : 'N';
-                }
-            } catch (const ZelCommon::ZelException&) {
-                answers += 'E';
-            }
-        }
-        QCOMPARE(answers + (injector.plan().isArmed() ? " armed" : ""), QString(expected));
-        injector.disarm();
-        QCOMPARE(setMode(injector, "1").Status, Success);
+    QFETCH(QString, fault);
+    FakeCore core;
+    FaultInjector injector(core);
+    QString held;
+    injector.hold = [&held](int milliseconds) { held = milliseconds == 2000 ? "held " : "?"; };
+    injector.arm(faultOf(faultOf(qPrintable(fault)).text().toUtf8()));
+    QStringList answers;
+    for (const char* const parameter : {"LogicalMode", "Other", "LogicalMode", "Other"}) {
+        const QString answer = answerTo(injector, parameter);
+        answers << std::exchange(held, QString()) + answer;
     }
+    QTEST(answers, "answers");
+    QTEST(injector.plan().isArmed(), "staysArmed");
+    injector.disarm();
+    QCOMPARE(answerTo(injector, "LogicalMode"), "done");
+}
+
+// The first that is due answers; the others strike the commands that follow.
+void tst_command_log::severalFaults()
+{
+    FakeCore core;
+    FaultInjector injector(core);
+    for (const char* const fault : {"answer=Failed", "answer=Exception", "when=2,answer=NothingChanged"}) {
+        injector.arm(faultOf(fault));
+    }
+    QStringList answers;
+    for (int i = 0; i < 4; ++i) {
+        answers << answerTo(injector, "LogicalMode");
+    }
+    QCOMPARE(answers, QStringList({"failed", "thrown", "unchanged", "done"}));
+    QVERIFY(!injector.plan().isArmed());
+}
+
+void tst_command_log::refusedFaults_data()
+{
+    QTest::addColumn<QString>("word");
+    QTest::newRow("kind=Nothing") << "SetBinaryData";
+    QTest::newRow("kind") << "SetBinaryData";
+    QTest::newRow("when=0") << "when";
+    QTest::newRow("when=often") << "when";
+    QTest::newRow("answer=Success") << "NothingChanged";
+    QTest::newRow("what=ever") << "parts";
 }
 
 void tst_command_log::refusedFaults()
 {
+    QFETCH(QString, word);
     QString error;
-    for (const auto& [fault, word] : {std::pair("kind=Nothing", "SetBinaryData"),
-                                      {"when=0", "when"},
-                                      {"when=often", "when"},
-                                      {"answer=Success", "NothingChanged"},
-                                      {"what=ever", "parts"},
-                                      {"kind", "SetBinaryData"}}) {
-        QVERIFY2(!FaultPlan::parse(fault, &error), fault);
-        QVERIFY2(error.contains(word) && error.contains(fault), qPrintable(error));
+    QVERIFY(!FaultPlan::parse(QTest::currentDataTag(), &error));
+    QVERIFY2(error.contains(word) && error.contains(QTest::currentDataTag()), qPrintable(error));
+}
+
+// Views ask for the data of no item too, as on Ctrl+C in an empty table.
+void tst_command_log::models()
+{
+    QString error;
+    const auto flow = Flow::load(QStringLiteral(SAMPLE_FLOW), &error);
+    QVERIFY2(flow, qPrintable(error));
+    const Flow noFlow;
+    FlowModuleModel modules(*flow);
+    FlowModuleModel noModules(noFlow);
+    InspectionTableModel inspection;
+    ResultModel results;
+    CommandLogModel commands;
+    QAbstractItemModel* const all[] = {&modules, &noModules, &inspection, &results, &commands};
+    std::vector<std::unique_ptr<QAbstractItemModelTester>> testers;
+    for (QAbstractItemModel* const model : all) {
+        testers.push_back(std::make_unique<QAbstractItemModelTester>(
+            model, QAbstractItemModelTester::FailureReportingMode::QtTest));
+        QVERIFY(!model->data({}).isValid());
     }
-    QCOMPARE(FaultPlan::parse("message=a,b=c", &error)->message, QString("a,b=c"));
+    QCOMPARE(modules.rowCount(), 5);
+    inspection.setRows({"Name"}, {{{"int0"}, "remark"}});
+    results.begin({{"int0", "note"}});
+    results.append({{2, true, {{}}}});
+    commands.append(QVector<CommandEntry>(2));
+    inspection.setRows({"Name"}, {});
+    commands.clear();
 }
 
 QTEST_MAIN(tst_command_log)

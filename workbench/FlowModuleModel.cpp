@@ -18,7 +18,7 @@ int FlowModuleModel::rowCount(const QModelIndex& parent) const
 
 QVariant FlowModuleModel::data(const QModelIndex& index, int role) const
 {
-    if (role != Qt::DisplayRole) {
+    if (!index.isValid() || role != Qt::DisplayRole) {
         return {};
     }
     const FlowModule& module = moduleAt(index);

@@ -94,7 +94,7 @@ MainWindow::MainWindow(CoreSession& session, const PanelPlugin& plugin, Workbenc
     connect(&session.faults(), &FaultInjector::planChanged, this, showFaults);
     showFaults();
 
-    setTexts();
+    retranslate();
     restoreGeometry(settings.windowGeometry());
     restoreState(settings.windowState());
 }
@@ -127,7 +127,7 @@ void MainWindow::createMenus()
     m_aboutAction = m_helpMenu->addAction(QString(), this, &MainWindow::showAbout);
 }
 
-void MainWindow::setTexts()
+void MainWindow::retranslate()
 {
     setWindowTitle(m_session.flow().name());
     m_fileMenu->setTitle(tr("&File"));
@@ -180,7 +180,7 @@ void MainWindow::remember()
 void MainWindow::changeEvent(QEvent* event)
 {
     if (event->type() == QEvent::LanguageChange) {
-        setTexts();
+        retranslate();
     }
     QMainWindow::changeEvent(event);
 }

@@ -56,7 +56,7 @@ private:
     void addDock(const QString& name, QWidget* content, Qt::DockWidgetArea area);
     QDockWidget* dock(const char* name) const;
     void createMenus();
-    void setTexts();
+    void retranslate();
     void showCurrentModule();
     void showRecentFlows();
     void askForFlow();

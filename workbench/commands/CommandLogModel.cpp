@@ -75,11 +75,12 @@ int CommandLogModel::columnCount(const QModelIndex& parent) const
 
 QVariant CommandLogModel::data(const QModelIndex& index, int role) const
 {
+    if (!index.isValid()) {
+        return {};
+    }
     const CommandEntry& entry = m_entries[static_cast<std::size_t>(index.row())];
     if (role == Qt::ForegroundRole) {
-        return entry.status == ZelCore::Success          ? QVariant()
-               : entry.status == ZelCore::NothingChanged ? QColor(144, 96, 0)
-                                                         : QColor(176, 32, 32);
+        return entry.isWrong() ? QColor(176, 32, 32) : QVariant();
     }
     if (role != Qt::DisplayRole && role != Qt::ToolTipRole) {
         return {};

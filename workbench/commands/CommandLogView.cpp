@@ -18,14 +18,14 @@
 #include <utility>
 
 namespace {
-constexpr int flushInterval = 50; // ms
+constexpr int flushInterval = 50;           // ms
+constexpr std::size_t longestContent = 400; // bytes
 // Of number, time, kind, module, parameter, content, status, message; the last column takes the rest.
 constexpr int columnWidths[] = {60, 110, 150, 70, 180, 330, 120, 180}; // px
 } // namespace
 
 CommandLogView::CommandLogView(CommandTap& tap, QWidget* parent)
     : QWidget(parent)
-    , m_tap(tap)
     , m_filter(new QLineEdit)
     , m_pause(new QPushButton)
     , m_clear(new QPushButton)
@@ -62,29 +62,18 @@ CommandLogView::CommandLogView(CommandTap& tap, QWidget* parent)
     m_flush.setSingleShot(true);
     m_flush.setInterval(flushInterval);
     connect(&m_flush, &QTimer::timeout, this, &CommandLogView::flush);
-    connect(&tap, &CommandTap::recorded, this, [this](const CommandEntry& entry) {
-        m_pending << entry;
-        if (!m_flush.isActive()) {
-            m_flush.start();
-        }
-    });
+    connect(&tap, &CommandTap::executed, this, &CommandLogView::append);
     connect(m_filter, &QLineEdit::textChanged, &m_filtered, &QSortFilterProxyModel::setFilterFixedString);
-    connect(m_pause, &QPushButton::toggled, this, &CommandLogView::setRecording);
     connect(m_clear, &QPushButton::clicked, this, [this] {
         m_pending.clear();
         m_model.clear();
     });
     connect(m_copy, &QPushButton::clicked, this, &CommandLogView::copy);
     connect(m_save, &QPushButton::clicked, this, &CommandLogView::save);
-    setTexts();
+    retranslate();
 }
 
-CommandLogView::~CommandLogView()
-{
-    m_tap.setRecording(false);
-}
-
-void CommandLogView::setTexts()
+void CommandLogView::retranslate()
 {
     m_filter->setPlaceholderText(tr("filter"));
     m_filter->setAccessibleName(tr("filter of the commands"));
@@ -98,9 +87,17 @@ void CommandLogView::setTexts()
     m_model.retranslate();
 }
 
-void CommandLogView::setRecording()
+void CommandLogView::append(ZelCore::ICommand& command, CommandEntry entry)
 {
-    m_tap.setRecording(isVisible() && !m_pause->isChecked());
+    if (!isVisible() || m_pause->isChecked()) {
+        return;
+    }
+    entry.time = QDateTime::currentDateTime();
+    entry.text = CommandText::of(command, longestContent);
+    m_pending << entry;
+    if (!m_flush.isActive()) {
+        m_flush.start();
+    }
 }
 
 void CommandLogView::flush()
@@ -156,21 +153,14 @@ void CommandLogView::save()
 
 void CommandLogView::showEvent(QShowEvent* event)
 {
-    setRecording();
     m_table->scrollToBottom();
     QWidget::showEvent(event);
-}
-
-void CommandLogView::hideEvent(QHideEvent* event)
-{
-    m_tap.setRecording(false);
-    QWidget::hideEvent(event);
 }
 
 void CommandLogView::changeEvent(QEvent* event)
 {
     if (event->type() == QEvent::LanguageChange) {
-        setTexts();
+        retranslate();
     }
     QWidget::changeEvent(event);
 }

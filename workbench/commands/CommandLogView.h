@@ -18,23 +18,20 @@ class CommandLogView : public QWidget
 public:
     /// The tap must outlive the view.
     explicit CommandLogView(CommandTap& tap, QWidget* parent = nullptr);
-    ~CommandLogView() override;
 
 protected:
     void showEvent(QShowEvent* event) override;
-    void hideEvent(QHideEvent* event) override;
     void changeEvent(QEvent* event) override;
 
 private:
-    void setTexts();
-    void setRecording();
+    void retranslate();
+    void append(ZelCore::ICommand& command, CommandEntry entry);
     void flush();
     void copy();
     void save();
     /// The rows that are selected, or all that the filter shows; rows of the model.
     QVector<int> chosenRows() const;
 
-    CommandTap& m_tap;
     CommandLogModel m_model;
     QSortFilterProxyModel m_filtered;
     // Rows reach the view in batches: what a command costs must not depend on the view.

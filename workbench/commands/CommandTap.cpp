@@ -3,12 +3,9 @@
 #include "core_client/core_client.h"
 
 #include <QElapsedTimer>
+#include <QScopeGuard>
 
 using namespace ZelCore;
-
-namespace {
-constexpr std::size_t longestContent = 400; // bytes
-}
 
 QString CommandEntry::outcome() const
 {
@@ -28,38 +25,40 @@ QString CommandEntry::outcome() const
     return QStringLiteral("None");
 }
 
+bool CommandEntry::isWrong() const
+{
+    if (isException || status == Success) {
+        return isException;
+    }
+    if (status == NothingChanged) {
+        return !text.kind.startsWith(QLatin1String("Del")) && !text.kind.startsWith(QLatin1String("Get"));
+    }
+    // The core names the datum that it does not have.
+    return text.kind != QLatin1String("QueryUIData") || !message.contains(text.parameter);
+}
+
 CommandTap::CommandTap(ICommandService& core)
     : m_core(core)
 {}
 
 CommandResult CommandTap::Execute(ICommand& command)
 {
-    ++m_count;
-    const CommandResult result = m_isRecording ? record(command) : m_core.Execute(command);
-    emit executed();
-    return result;
-}
-
-CommandResult CommandTap::record(ICommand& command)
-{
     CommandEntry entry;
-    entry.number = m_count;
-    entry.time = QDateTime::currentDateTime();
-    entry.text = CommandText::of(command, longestContent);
+    entry.number = ++m_count;
     QElapsedTimer timer;
     timer.start();
+    const auto report = qScopeGuard([&] {
+        entry.microseconds = timer.nsecsElapsed() / 1000;
+        emit executed(command, entry);
+    });
     try {
         const CommandResult result = m_core.Execute(command);
-        entry.microseconds = timer.nsecsElapsed() / 1000;
         entry.status = result.Status;
         entry.message = ToQString(TextOf(result.Message));
-        emit recorded(entry);
         return result;
     } catch (const std::exception& exception) {
-        entry.microseconds = timer.nsecsElapsed() / 1000;
         entry.isException = true;
         entry.message = QString::fromUtf8(exception.what());
-        emit recorded(entry);
         throw;
     }
 }

@@ -6,7 +6,7 @@
 #include <QDateTime>
 #include <QObject>
 
-/// A command that was executed, in words.
+/// A command that was executed.
 struct CommandEntry
 {
     /// From 1, in the order of execution.
@@ -17,15 +17,17 @@ struct CommandEntry
     /// Of the result, or of the exception that came in its place.
     QString message;
     qint64 microseconds = 0;
+    bool isException = false;
 
     /// "Success", "Failed", ...; "Exception" where the core threw.
     QString outcome() const;
-    bool isException = false;
+    /// Whether something is wrong. It is not when there is nothing to remove, no binding to read, and no UI
+    /// datum of a bound that was never switched.
+    bool isWrong() const;
 };
-Q_DECLARE_METATYPE(CommandEntry)
 
-/// Stands between the clients and a core and tells of each command that was executed. Only while it records
-/// does it put commands in words; else it costs next to nothing.
+/// Stands between the clients and a core and reports each command that was executed. It does not put
+/// commands in words: time and text of an entry are left to the receivers.
 class CommandTap : public QObject, public ZelCore::SynchronousService
 {
     Q_OBJECT
@@ -34,20 +36,14 @@ public:
     /// The core must outlive the tap.
     explicit CommandTap(ZelCore::ICommandService& core);
 
-    bool isRecording() const { return m_isRecording; }
-    void setRecording(bool isRecording) { m_isRecording = isRecording; }
-
     using SynchronousService::Execute;
     ZelCore::CommandResult Execute(ZelCore::ICommand& command) override;
 
 signals:
-    void executed();
-    void recorded(const CommandEntry& entry);
+    /// The command has returned or thrown. Receivers must not throw.
+    void executed(ZelCore::ICommand& command, const CommandEntry& entry);
 
 private:
-    ZelCore::CommandResult record(ZelCore::ICommand& command);
-
     ZelCore::ICommandService& m_core;
-    bool m_isRecording = false;
     qint64 m_count = 0;
 };

@@ -17,23 +17,9 @@ QString nameIn(const char (&field)[N])
     return CommandText::visible(TextOf(field));
 }
 
-QString shortened(std::string_view bytes, std::size_t longest)
+QString visible(const char* data, UInt length, std::size_t longest)
 {
-    if (bytes.size() <= longest) {
-        return CommandText::visible(bytes);
-    }
-    // Not within a character.
-    while (longest > 0 && (static_cast<unsigned char>(bytes[longest]) & 0xC0) == 0x80) {
-        --longest;
-    }
-    return QStringLiteral("%1... (%2 bytes)")
-        .arg(CommandText::visible(bytes.substr(0, longest)))
-        .arg(bytes.size());
-}
-
-QString shortened(const char* data, UInt length, std::size_t longest)
-{
-    return data ? shortened({data, length}, longest) : nothing;
+    return data ? CommandText::visible({data, length}, longest) : nothing;
 }
 
 QString flagsOf(const IO_EXTRA_DATA__& extraData)
@@ -72,7 +58,7 @@ void read(const SetRunParamCommand& command, CommandText& text, std::size_t long
 {
     text.module = command.ModuleID;
     text.parameter = nameIn(command.ParamName);
-    text.content = shortened(TextOf(command.Val), longest);
+    text.content = CommandText::visible(TextOf(command.Val), longest);
     text.isValue = true;
 }
 
@@ -81,7 +67,7 @@ void readData(const DataCommand& command, CommandText& text, std::size_t longest
 {
     text.module = command.ModuleID;
     text.parameter = nameIn(command.ParamName);
-    text.content = shortened(command.Data, command.DataLen, longest);
+    text.content = visible(command.Data, command.DataLen, longest);
     text.isValue = true;
 }
 
@@ -137,7 +123,7 @@ void read(const FilterSourceCommand& command, CommandText& text, std::size_t lon
     text.parameter =
         QStringLiteral("%1/%2").arg(target.Type).arg(CommandText::visible(target.Key.toStdString()));
     if (const auto* const set = dynamic_cast<const SetFilterSourceCommand*>(&command)) {
-        text.content = shortened(set->SubscribeName.toStdString(), longest);
+        text.content = CommandText::visible(set->SubscribeName.toStdString(), longest);
         text.isValue = true;
     }
 }
@@ -162,8 +148,15 @@ QStringList CommandText::kinds()
             QStringLiteral("SetRunParam"),     QStringLiteral("SetUIData")};
 }
 
-QString CommandText::visible(std::string_view bytes)
+QString CommandText::visible(std::string_view bytes, std::size_t longest)
 {
+    if (bytes.size() > longest) {
+        // Not within a character.
+        while (longest > 0 && (static_cast<unsigned char>(bytes[longest]) & 0xC0) == 0x80) {
+            --longest;
+        }
+        return QStringLiteral("%1... (%2 bytes)").arg(visible(bytes.substr(0, longest))).arg(bytes.size());
+    }
     const QString decoded = QString::fromUtf8(bytes.data(), static_cast<int>(bytes.size()));
     QString text;
     text.reserve(decoded.size());

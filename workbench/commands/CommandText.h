@@ -17,14 +17,15 @@ struct CommandText
     static constexpr std::size_t unlimited = std::numeric_limits<std::size_t>::max();
 
     /// Reads a command, whatever is null in it. Of one that is not in the catalogue only the kind is known.
-    /// A content of more than longest bytes is cut there and followed by its length.
+    /// A content of more than longest bytes is cut as by visible().
     static CommandText of(ZelCore::ICommand& command, std::size_t longest = unlimited);
 
     /// The kinds of the catalogue.
     static QStringList kinds();
 
     /// UTF-8 bytes as one line of text: what can't be shown is escaped, \0 for a NUL, \u000a for a line feed.
-    static QString visible(std::string_view bytes);
+    /// More than longest bytes are cut there, and their number follows.
+    static QString visible(std::string_view bytes, std::size_t longest = unlimited);
 
     /// All in one line: "SetRunParam 7 LogicalMode=2".
     QString line() const;

@@ -106,7 +106,7 @@ std::optional<Fault> FaultPlan::take(const QString& kind, const QString& paramet
             (!fault.parameter.isEmpty() && fault.parameter != parameter)) {
             continue;
         }
-        const bool isDue = fault.number == 0 || ++m_armed[i].seen == fault.number;
+        const bool isDue = fault.number == 0 || ++m_armed[i].seen >= fault.number;
         if (isDue && !struck) {
             struck = fault;
             if (fault.number != 0) {

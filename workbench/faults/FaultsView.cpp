@@ -61,10 +61,10 @@ FaultsView::FaultsView(FaultInjector& injector, QWidget* parent)
     connect(m_arm, &QPushButton::clicked, this, &FaultsView::arm);
     connect(m_disarm, &QPushButton::clicked, &injector, &FaultInjector::disarm);
     connect(&injector, &FaultInjector::planChanged, this, &FaultsView::showPlan);
-    setTexts();
+    retranslate();
 }
 
-void FaultsView::setTexts()
+void FaultsView::retranslate()
 {
     m_kind->setItemText(0, tr("any"));
     m_when->setItemText(Next, tr("the next one"));
@@ -111,7 +111,7 @@ void FaultsView::showPlan()
 void FaultsView::changeEvent(QEvent* event)
 {
     if (event->type() == QEvent::LanguageChange) {
-        setTexts();
+        retranslate();
     }
     QWidget::changeEvent(event);
 }

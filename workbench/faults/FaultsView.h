@@ -23,7 +23,7 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    void setTexts();
+    void retranslate();
     void arm();
     void showPlan();
 

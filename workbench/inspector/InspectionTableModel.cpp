@@ -35,6 +35,9 @@ int InspectionTableModel::columnCount(const QModelIndex& parent) const
 
 QVariant InspectionTableModel::data(const QModelIndex& index, int role) const
 {
+    if (!index.isValid()) {
+        return {};
+    }
     const ModuleInspection::Row& row = m_rows[index.row()];
     switch (role) {
     case Qt::DisplayRole:

@@ -39,7 +39,7 @@ InspectorView::InspectorView(CoreSession& session, QWidget* parent)
     addTab(createTable(m_ios, QStringLiteral("ioTable")), QString());
     addTab(createTable(m_bindings, QStringLiteral("bindingTable")), QString());
     addTab(createTable(m_values, QStringLiteral("valueTable")), QString());
-    setTitles();
+    retranslate();
 
     m_refresh.setSingleShot(true);
     m_refresh.setInterval(0);
@@ -72,7 +72,7 @@ QWidget* InspectorView::createTable(InspectionTableModel& model, const QString& 
     return table;
 }
 
-void InspectorView::setTitles()
+void InspectorView::retranslate()
 {
     setTabText(0, tr("Conditions"));
     setTabText(1, tr("IOs"));
@@ -119,7 +119,7 @@ void InspectorView::showEvent(QShowEvent* event)
 void InspectorView::changeEvent(QEvent* event)
 {
     if (event->type() == QEvent::LanguageChange) {
-        setTitles();
+        retranslate();
         m_refresh.start();
     }
     QTabWidget::changeEvent(event);

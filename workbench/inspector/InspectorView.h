@@ -28,7 +28,7 @@ protected:
 
 private:
     QWidget* createTable(InspectionTableModel& model, const QString& name);
-    void setTitles();
+    void retranslate();
     void refresh();
 
     CoreSession& m_session;

@@ -52,6 +52,9 @@ int ResultModel::columnCount(const QModelIndex& parent) const
 
 QVariant ResultModel::data(const QModelIndex& index, int role) const
 {
+    if (!index.isValid()) {
+        return {};
+    }
     const Row& row = m_rows.at(index.row());
     if (index.column() >= FirstCondition) {
         const Judgement::Result& result = row.results.at(index.column() - FirstCondition);

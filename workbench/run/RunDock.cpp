@@ -96,11 +96,11 @@ RunDock::RunDock(const CoreSession& session, QWidget* parent)
     connect(m_step, &QPushButton::clicked, this, &RunDock::step);
     connect(m_all, &QPushButton::clicked, this, &RunDock::runAll);
     connect(m_cancel, &QPushButton::clicked, this, &RunDock::cancel);
-    setTexts();
+    retranslate();
     reset();
 }
 
-void RunDock::setTexts()
+void RunDock::retranslate()
 {
     m_browse->setText(tr("Open CSV…"));
     m_once->setText(tr("Run once"));
@@ -125,7 +125,7 @@ void RunDock::setTexts()
 void RunDock::changeEvent(QEvent* event)
 {
     if (event->type() == QEvent::LanguageChange) {
-        setTexts();
+        retranslate();
         showTotals();
     }
     QWidget::changeEvent(event);

@@ -33,7 +33,7 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    void setTexts();
+    void retranslate();
     QWidget* createSourceRow();
     QWidget* createConditionPart();
     void chooseFile();
