@@ -1,10 +1,11 @@
 #include "QmlRangeSliderView.h"
 
+#include <QAbstractSpinBox>
 #include <QApplication>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QMouseEvent>
 #include <QOpenGLContext>
-#include <QPointer>
 #include <QQmlEngine>
 #include <QQmlError>
 #include <QQuickItem>
@@ -12,6 +13,8 @@
 #include <QQuickWindow>
 #include <QWheelEvent>
 #include <QWindow>
+
+#include <memory>
 
 using Grip = RangeSliderState::Grip;
 
@@ -44,6 +47,41 @@ void chooseSceneGraph()
     }
 }
 
+// A limit in the little room beside the section.
+QString shortNumber(int value)
+{
+    return std::abs(value) < 10000 ? QString::number(value)
+                                   : QString::number(value, 'g', 3).remove(QLatin1String("+0"));
+}
+
+/// Takes the focus from a widget for a moment without its notice: a field would finish its edit.
+class FocusTaken : public QObject
+{
+public:
+    explicit FocusTaken(QWidget* widget)
+        : m_widget(widget)
+    {
+        widget->installEventFilter(this);
+        widget->clearFocus();
+    }
+    ~FocusTaken() override
+    {
+        if (m_widget) {
+            m_widget->setFocus();
+        }
+    }
+    Q_DISABLE_COPY(FocusTaken)
+
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        const QEvent::Type type = event->type();
+        return type == QEvent::FocusAboutToChange || type == QEvent::FocusOut || type == QEvent::FocusIn;
+    }
+
+private:
+    QPointer<QWidget> m_widget;
+};
+
 int stepOf(Qt::KeyboardModifiers modifiers)
 {
     return modifiers & Qt::ShiftModifier ? largeStep : 1;
@@ -57,6 +95,11 @@ QmlRangeSliderView::QmlRangeSliderView(QWidget* parent)
     setAttribute(Qt::WA_ShowWithoutActivating);
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
+    connect(qApp, &QApplication::focusChanged, this, [this](const QWidget*, const QWidget* now) {
+        if (isVisible() && m_fields && now && now != this && isBesideFields(now)) {
+            leave();
+        }
+    });
 }
 
 QmlRangeSliderView::~QmlRangeSliderView() = default;
@@ -64,7 +107,7 @@ QmlRangeSliderView::~QmlRangeSliderView() = default;
 void QmlRangeSliderView::SetRange(int min, int max)
 {
     m_state.setRange(min, max);
-    showState();
+    showScale();
 }
 
 void QmlRangeSliderView::SetCurrentMinD(double value)
@@ -89,27 +132,109 @@ void QmlRangeSliderView::createView()
     m_view->setResizeMode(QQuickWidget::SizeRootObjectToView);
     m_view->setClearColor(Qt::white);
     m_view->setSource(QUrl(QStringLiteral("qrc:/QZelCommonControl/QmlRangeSliderView.qml")));
-    const auto errors = m_view->errors();
-    for (const QQmlError& error : errors) {
-        qWarning("range slider: %s", qUtf8Printable(error.toString()));
+    if (!scene()) {
+        showUnavailable();
+        return;
     }
     m_view->resize(size());
     m_view->show();
 }
 
+void QmlRangeSliderView::showUnavailable()
+{
+    QStringList errors;
+    for (const QQmlError& error : m_view->errors()) {
+        errors << error.toString();
+    }
+    static const bool isLogged = [&errors] {
+        qWarning("range slider: not available: %s", qUtf8Printable(errors.join(QLatin1String("; "))));
+        return true;
+    }();
+    Q_UNUSED(isLogged)
+    delete m_view;
+    m_view = nullptr;
+    setEnabled(false);
+    auto* const label = new QLabel(tr("slider not available"), this);
+    label->setAlignment(Qt::AlignCenter);
+    label->setGeometry(rect());
+    label->show();
+}
+
+QQuickItem* QmlRangeSliderView::scene() const
+{
+    return m_view ? m_view->rootObject() : nullptr;
+}
+
 void QmlRangeSliderView::showEvent(QShowEvent* event)
 {
-    if (!m_view) {
+    if (!m_view && isEnabled()) {
         createView();
-        showState();
     }
+    m_state.fitScale();
+    showScale();
     highlight(Grip::None);
+    if (const auto* const field = qobject_cast<QAbstractSpinBox*>(QApplication::focusWidget())) {
+        m_fields = field->parentWidget();
+        qApp->installEventFilter(this);
+    }
     // A tool window of its own, but above the window that it opens over.
     const QWidget* const host = QApplication::activeWindow();
     if (host && host != this && windowHandle()) {
         windowHandle()->setTransientParent(host->windowHandle());
     }
     QWidget::showEvent(event);
+}
+
+void QmlRangeSliderView::hideEvent(QHideEvent* event)
+{
+    qApp->removeEventFilter(this);
+    m_fields = nullptr;
+    QWidget::hideEvent(event);
+}
+
+void QmlRangeSliderView::changeEvent(QEvent* event)
+{
+    if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
+        // The press that activates arrives after the field has finished its edit and told other bounds.
+        m_state.keepHandles();
+    }
+    QWidget::changeEvent(event);
+}
+
+bool QmlRangeSliderView::isBesideFields(const QWidget* widget) const
+{
+    return !m_fields || !m_fields->isAncestorOf(widget);
+}
+
+bool QmlRangeSliderView::eventFilter(QObject* watched, QEvent* event)
+{
+    const auto* const widget = qobject_cast<QWidget*>(watched);
+    if (!widget || !m_fields) {
+        return false;
+    }
+    const QEvent::Type type = event->type();
+    const bool isScroll = type == QEvent::Move && !widget->isWindow() && widget->isAncestorOf(m_fields);
+    const bool isWheelElsewhere = type == QEvent::Wheel && widget->window() != this && isBesideFields(widget);
+    const bool isEscape = type == QEvent::KeyPress && !isBesideFields(widget) &&
+                          static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape;
+    if (isScroll || isWheelElsewhere || isEscape) {
+        leave();
+    }
+    return isEscape;
+}
+
+void QmlRangeSliderView::leave()
+{
+    const QPointer<QWidget> self = this;
+    if (!isActiveWindow()) {
+        QWidget* const focus = QApplication::focusWidget();
+        const auto taken = focus && !isBesideFields(focus) ? std::make_unique<FocusTaken>(focus) : nullptr;
+        QEvent deactivate(QEvent::WindowDeactivate);
+        QCoreApplication::sendEvent(this, &deactivate);
+    }
+    if (self) {
+        hide(); // an active window is deactivated by that
+    }
 }
 
 void QmlRangeSliderView::resizeEvent(QResizeEvent* event)
@@ -120,9 +245,25 @@ void QmlRangeSliderView::resizeEvent(QResizeEvent* event)
     QWidget::resizeEvent(event);
 }
 
+void QmlRangeSliderView::showScale()
+{
+    if (QQuickItem* const slider = scene()) {
+        const RangeScale& scale = m_state.scale();
+        const bool hasLowZone = scale.sectionBegin() > 0.0;
+        const bool hasHighZone = scale.sectionEnd() < 1.0;
+        slider->setProperty("sectionBegin", scale.sectionBegin());
+        slider->setProperty("sectionEnd", scale.sectionEnd());
+        slider->setProperty("minimumText", hasLowZone ? shortNumber(scale.minimum()) : QString());
+        slider->setProperty("sectionMinimumText", QString::number(scale.sectionMinimum()));
+        slider->setProperty("sectionMaximumText", QString::number(scale.sectionMaximum()));
+        slider->setProperty("maximumText", hasHighZone ? shortNumber(scale.maximum()) : QString());
+    }
+    showState();
+}
+
 void QmlRangeSliderView::showState()
 {
-    if (QQuickItem* const slider = m_view ? m_view->rootObject() : nullptr) {
+    if (QQuickItem* const slider = scene()) {
         QMetaObject::invokeMethod(slider, "setValues", Q_ARG(qreal, m_state.lowerPosition()),
                                   Q_ARG(qreal, m_state.upperPosition()));
     }
@@ -130,7 +271,7 @@ void QmlRangeSliderView::showState()
 
 double QmlRangeSliderView::positionAt(int x) const
 {
-    const QQuickItem* const slider = m_view ? m_view->rootObject() : nullptr;
+    const QQuickItem* const slider = scene();
     if (!slider) {
         return 0.0;
     }
@@ -142,14 +283,13 @@ double QmlRangeSliderView::positionAt(int x) const
 
 double QmlRangeSliderView::handleReach() const
 {
-    const int handle =
-        m_view && m_view->rootObject() ? m_view->rootObject()->property("handleWidth").toInt() : 0;
+    const int handle = scene() ? scene()->property("handleWidth").toInt() : 0;
     return positionAt(handle) - positionAt(handle / 2);
 }
 
 void QmlRangeSliderView::highlight(Grip grip)
 {
-    QQuickItem* const slider = m_view ? m_view->rootObject() : nullptr;
+    QQuickItem* const slider = scene();
     if (slider && grip != m_lit) {
         m_lit = grip;
         slider->setProperty("isLowerLit", grip != Grip::None && grip != Grip::Upper);
@@ -183,6 +323,7 @@ void QmlRangeSliderView::mouseMoveEvent(QMouseEvent* event)
 {
     const double position = positionAt(event->x());
     if (!(event->buttons() & Qt::LeftButton)) {
+        m_state.release();
         highlight(m_state.gripAt(position, handleReach()));
         return;
     }

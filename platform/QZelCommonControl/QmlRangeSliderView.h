@@ -2,15 +2,22 @@
 
 #include "RangeSliderState.h"
 
+#include <QPointer>
 #include <QWidget>
 
+class QQuickItem;
 class QQuickWidget;
 
 /// A slider with two handles as a frameless pop-up window: a range of whole numbers between two ends.
 ///
-/// Nothing of QML is made before it is first shown, and all of these share one engine. It opens without
-/// taking the focus. A handle is dragged, so is the range between the two; the wheel and, after a click,
-/// the arrow keys move by 1 and with Shift by 10, Tab chooses the handle, Escape closes. GUI thread only.
+/// Nothing of QML is made before it is first shown, and all of these share one engine. Where the QML modules
+/// are missing it shows a text instead and takes no input. It opens without taking the focus. A handle is
+/// dragged, so is the range between the two; the wheel and, after a click, the arrow keys move by 1 and with
+/// Shift by 10, Tab chooses the handle, Escape closes.
+///
+/// Opened while a spin box has the focus, it closes when the focus leaves the parent of the spin box, when
+/// that parent scrolls or the wheel is turned elsewhere, and on Escape in it. An event filter then sees a
+/// WindowDeactivate of this window, during which no spin box of that parent has the focus. GUI thread only.
 class Q_DECL_EXPORT QmlRangeSliderView : public QWidget
 {
     Q_OBJECT
@@ -31,7 +38,10 @@ signals:
     void sigRangeSliderChange(int lower, int upper);
 
 protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void changeEvent(QEvent* event) override;
     void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
@@ -43,6 +53,13 @@ protected:
 
 private:
     void createView();
+    void showUnavailable();
+    /// The root of the scene, or null.
+    QQuickItem* scene() const;
+    bool isBesideFields(const QWidget* widget) const;
+    /// Closes as if another window had been activated.
+    void leave();
+    void showScale();
     double positionAt(int x) const;
     double handleReach() const;
     void highlight(RangeSliderState::Grip grip);
@@ -51,6 +68,8 @@ private:
 
     RangeSliderState m_state;
     QQuickWidget* m_view = nullptr;
+    // The parent of the fields that it opened for.
+    QPointer<QWidget> m_fields;
     RangeSliderState::Grip m_lit = RangeSliderState::Grip::None;
     int m_pressX = 0;
     bool m_isDragging = false;

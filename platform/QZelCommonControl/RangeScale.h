@@ -2,25 +2,39 @@
 
 /// Where a value of an integer range stands on a slider: position 0 is the lowest value, 1 the highest.
 ///
-/// A range of a thousand values or fewer is linear. A wider one is logarithmic to both sides of zero, so
-/// that on a few hundred pixels single values near zero and the far ends can both be reached.
+/// A range that has a pixel for each value is linear. Of a wider one most of the slider shows, linear, a
+/// section around two bounds; what lies below and above it shares the two end zones, logarithmic, so that
+/// the far limits can be reached.
 class RangeScale
 {
 public:
-    /// The ends in any order.
-    RangeScale(int first, int second);
+    /// The limits in any order. The section is about three times as wide as the distance of the bounds,
+    /// which are in order, and ends at round numbers or at the limits.
+    RangeScale(int first, int second, double lower, double upper);
 
     int minimum() const { return m_minimum; }
     int maximum() const { return m_maximum; }
 
-    /// Values beyond the ends, and positions beyond [0, 1], count as the ends.
+    /// The ends of the section, and their positions.
+    int sectionMinimum() const { return m_sectionMinimum; }
+    int sectionMaximum() const { return m_sectionMaximum; }
+    double sectionBegin() const { return m_sectionMinimum > m_minimum ? endZone : 0.0; }
+    double sectionEnd() const { return m_sectionMaximum < m_maximum ? 1.0 - endZone : 1.0; }
+
+    /// Values beyond the limits, and positions beyond [0, 1], count as the limits.
     double positionOf(double value) const;
     int valueAt(double position) const;
 
 private:
-    double scaled(double value) const;
+    static constexpr double endZone = 0.12;
+
+    double sectionWidth() const { return double(m_sectionMaximum) - m_sectionMinimum; }
+    /// How far into an end zone, from 0 to 1, a distance from the section leads, and back.
+    double depthOf(double distance, double wholeDistance) const;
+    double distanceAt(double depth, double wholeDistance) const;
 
     int m_minimum;
     int m_maximum;
-    bool m_isLinear;
+    int m_sectionMinimum;
+    int m_sectionMaximum;
 };

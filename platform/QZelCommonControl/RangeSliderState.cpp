@@ -6,13 +6,22 @@
 
 void RangeSliderState::setRange(int min, int max)
 {
-    m_scale = RangeScale(min, max);
+    m_scale = RangeScale(min, max, 0.0, 0.0);
+    fitScale();
+}
+
+void RangeSliderState::fitScale()
+{
+    m_scale = RangeScale(m_scale.minimum(), m_scale.maximum(), std::min(m_lower, m_upper),
+                         std::max(m_lower, m_upper));
 }
 
 void RangeSliderState::setLower(double value)
 {
     if (std::isfinite(value)) {
         m_lower = value;
+        m_pressLower = lower();
+        m_pressUpper = upper();
     }
 }
 
@@ -20,6 +29,8 @@ void RangeSliderState::setUpper(double value)
 {
     if (std::isfinite(value)) {
         m_upper = value;
+        m_pressLower = lower();
+        m_pressUpper = upper();
     }
 }
 
@@ -50,22 +61,34 @@ double RangeSliderState::upperPosition() const
 
 RangeSliderState::Grip RangeSliderState::gripAt(double position, double reach) const
 {
-    const double toLower = position - lowerPosition();
-    const double toUpper = position - upperPosition();
+    return gripAt(handles(), position, reach);
+}
+
+RangeSliderState::Grip RangeSliderState::gripAt(const Handles& handles, double position, double reach)
+{
+    const double toLower = position - handles.lower;
+    const double toUpper = position - handles.upper;
     if (toLower > reach && toUpper < -reach) {
         return Grip::Both;
     }
-    if (lowerPosition() == upperPosition() && std::abs(toLower) <= reach) {
+    if (handles.lower == handles.upper && std::abs(toLower) <= reach) {
         return Grip::Either;
     }
     return std::abs(toLower) < std::abs(toUpper) || (toLower == toUpper && toLower < 0) ? Grip::Lower
                                                                                         : Grip::Upper;
 }
 
+void RangeSliderState::keepHandles()
+{
+    m_kept = handles();
+}
+
 bool RangeSliderState::press(double position, double reach)
 {
     putInOrder();
-    m_grip = gripAt(position, reach);
+    const Handles seen = m_kept.value_or(handles());
+    m_kept.reset();
+    m_grip = gripAt(seen, position, reach);
     m_pressPosition = position;
     m_pressLower = lower();
     m_pressUpper = upper();
@@ -74,7 +97,7 @@ bool RangeSliderState::press(double position, double reach)
         m_grabOffset = 0.0;
         return false;
     }
-    const double handle = m_grip == Grip::Lower ? lowerPosition() : upperPosition();
+    const double handle = m_grip == Grip::Lower ? seen.lower : seen.upper;
     const bool isOnHandle = std::abs(position - handle) <= reach;
     m_grabOffset = isOnHandle ? position - handle : 0.0;
     return !isOnHandle && drag(position);
@@ -104,6 +127,7 @@ bool RangeSliderState::drag(double position)
 void RangeSliderState::release()
 {
     m_grip = Grip::None;
+    m_kept.reset();
 }
 
 int RangeSliderState::stepped(double value, int by) const

@@ -3,6 +3,7 @@
 #include "RangeScale.h"
 
 #include <cstdint>
+#include <optional>
 
 /// The two handles of a range slider and what a drag or a step does to them; without a picture.
 ///
@@ -18,7 +19,10 @@ public:
     /// Kept as told, even with lower > upper, until the user moves a handle. What is no number is ignored.
     void setLower(double value);
     void setUpper(double value);
+    /// Puts the scale's section around the present bounds, as setRange() does. Between, the scale stays.
+    void fitScale();
 
+    const RangeScale& scale() const { return m_scale; }
     int lower() const;
     int upper() const;
     /// In order, whatever order the bounds were told in.
@@ -28,6 +32,8 @@ public:
     /// What a press would take hold of: a handle within reach, the range between the two, or the handle
     /// beside it.
     Grip gripAt(double position, double reach) const;
+    /// Lets the next press() take what is at its place now, wherever told bounds move the handles before.
+    void keepHandles();
     /// Beside the handles the nearer one comes to the place. Returns whether a bound changed, as do drag()
     /// and step().
     bool press(double position, double reach);
@@ -42,6 +48,14 @@ public:
     void setActive(Grip grip);
 
 private:
+    struct Handles
+    {
+        double lower;
+        double upper;
+    };
+
+    Handles handles() const { return {lowerPosition(), upperPosition()}; }
+    static Grip gripAt(const Handles& handles, double position, double reach);
     bool moveTo(int lower, int upper);
     /// The range keeps its width and stops at the ends.
     bool moveBoth(int lower, int upper, std::int64_t by);
@@ -51,11 +65,13 @@ private:
     int rounded(double value) const;
     void putInOrder();
 
-    RangeScale m_scale{0, 100};
-    double m_lower = 0.0;
-    double m_upper = 100.0;
+    // Where nothing was told, as the fields beside the slider begin.
+    double m_lower = 1.0;
+    double m_upper = 1000.0;
+    RangeScale m_scale{0, 100, m_lower, m_upper};
     Grip m_active = Grip::Upper;
     Grip m_grip = Grip::None;
+    std::optional<Handles> m_kept;
     double m_pressPosition = 0.0;
     // Between the place of the press and the handle, so that a handle does not jump when it is taken.
     double m_grabOffset = 0.0;
