@@ -4,8 +4,8 @@
 
 class QDoubleSpinBox;
 
-/// Takes only plain decimal numbers in a bound's spin box, "-12.5", as the box takes them. A comma is
-/// refused: some read it as the decimal point and some as grouping, so no reading of it is safe.
+/// Takes in a bound's spin box what the box itself takes, and a comma as a decimal point: the field shows the
+/// point at once.
 class BoundValidator : public QValidator
 {
     Q_OBJECT
@@ -15,8 +15,7 @@ public:
     BoundValidator(const QDoubleSpinBox& spinBox, QObject* parent);
 
     State validate(QString& input, int& position) const override;
-    void fixup(QString& input) const override;
 
 private:
-    const QDoubleSpinBox& m_spinBox;
+    const QDoubleSpinBox& m_spbBound;
 };

@@ -1,72 +1,90 @@
 #include "CondensedText.h"
 
+#include <QDoubleSpinBox>
 #include <QEvent>
 #include <QFontMetrics>
-#include <QLabel>
 #include <QLineEdit>
+#include <QPainter>
 
 namespace {
 
-constexpr int fieldMargin = 2; // px, on either side; a line edit tells it to nobody
+constexpr int fieldMargin = 2; // px, on either side; a line edit does not report it
 constexpr int cursorWidth = 1; // px
+
+QString textOf(const QWidget* widget)
+{
+    return widget->property("text").toString();
+}
+
+int roomIn(const QWidget* widget)
+{
+    if (widget->inherits("QLabel")) {
+        // The size hint includes the padding that a style sheet gives.
+        return widget->width() - widget->sizeHint().width() +
+               widget->fontMetrics().horizontalAdvance(textOf(widget));
+    }
+    return widget->contentsRect().width() - 2 * fieldMargin - cursorWidth;
+}
 
 } // namespace
 
-CondensedText::CondensedText(QLineEdit* field)
-    : QObject(field)
-    , m_field(field)
+CondensedText::CondensedText(QWidget* widget)
+    : QObject(widget)
+    , m_pWidget(widget)
 {
-    field->installEventFilter(this);
-    connect(field, &QLineEdit::textChanged, this, &CondensedText::fitField);
+    widget->installEventFilter(this);
 }
 
-CondensedText::CondensedText(QLabel* label)
-    : QObject(label)
-    , m_label(label)
+CondensedText::CondensedText(const QDoubleSpinBox& spinBox, QLineEdit* field)
+    : CondensedText(field)
 {
-    label->installEventFilter(this);
+    m_ediBound = field;
+    // The spin box blocks the signals of its field while it sets the text.
+    connect(field, &QLineEdit::textChanged, this, &CondensedText::fit);
+    connect(&spinBox, &QDoubleSpinBox::textChanged, this, &CondensedText::fit);
+    connect(&spinBox, &QDoubleSpinBox::editingFinished, this, &CondensedText::fit);
 }
 
-bool CondensedText::eventFilter(QObject*, QEvent* event)
+bool CondensedText::eventFilter(QObject* watched, QEvent* event)
 {
     const QEvent::Type type = event->type();
-    if (type == QEvent::Resize || type == QEvent::Show) {
-        m_field ? fitField() : fitLabel();
-    } else if (type == QEvent::FontChange && m_field) {
-        fitField(); // a name's font is its sheet's
+    // A name's font is its sheet's.
+    if (type == QEvent::Resize || type == QEvent::Show || (type == QEvent::FontChange && m_ediBound)) {
+        fit();
+    } else if (type == QEvent::Paint && m_ediBound && !m_ediBound->hasFocus() && isCut(m_ediBound->font())) {
+        watched->event(event);
+        QPainter painter(m_ediBound);
+        painter.fillRect(m_ediBound->contentsRect(), m_ediBound->palette().base());
+        painter.setPen(m_ediBound->palette().text().color());
+        painter.drawText(
+            m_ediBound->contentsRect().adjusted(fieldMargin, 0, 0, 0), Qt::AlignVCenter,
+            painter.fontMetrics().elidedText(m_ediBound->text(), Qt::ElideRight, roomIn(m_ediBound)));
+        return true;
     }
     return false;
 }
 
-void CondensedText::fitField()
+bool CondensedText::isCut(const QFont& font) const
 {
-    fit(*m_field, m_field->text(), m_field->contentsRect().width() - 2 * fieldMargin - cursorWidth);
+    return QFontMetrics(font).horizontalAdvance(textOf(m_pWidget)) > roomIn(m_pWidget);
 }
 
-void CondensedText::fitLabel()
+void CondensedText::fit()
 {
-    // The size that it would like knows of the padding that a style sheet gives it.
-    const int text = m_label->fontMetrics().horizontalAdvance(m_label->text());
-    fit(*m_label, m_label->text(), m_label->width() - (m_label->sizeHint().width() - text));
-}
-
-void CondensedText::fit(QWidget& widget, const QString& text, int room) const
-{
-    if (!widget.isVisible()) {
+    if (!m_pWidget->isVisible()) {
         return; // without its place and its sheet yet
     }
-    QFont font = widget.font();
-    const auto wanted = [&] { return QFontMetrics(font).horizontalAdvance(text); };
+    QFont font = m_pWidget->font();
     font.setStretch(QFont::Unstretched);
-    if (wanted() > room) {
-        font.setStretch(qMax<int>(QFont::UltraCondensed, QFont::Unstretched * room / wanted()));
-    }
+    const int wanted = qMax(1, QFontMetrics(font).horizontalAdvance(textOf(m_pWidget)));
+    int stretch = qBound<int>(QFont::UltraCondensed, QFont::Unstretched * roomIn(m_pWidget) / wanted,
+                              QFont::Unstretched);
     // Characters have whole widths, so that their sum may still be too large.
-    while (wanted() > room && font.stretch() > QFont::UltraCondensed) {
-        font.setStretch(font.stretch() - 1);
+    for (font.setStretch(stretch); isCut(font) && stretch > QFont::UltraCondensed; font.setStretch(stretch)) {
+        --stretch;
     }
-    const int present = widget.font().stretch();
-    if (font.stretch() != (present == QFont::AnyStretch ? int(QFont::Unstretched) : present)) {
-        widget.setFont(font);
+    const int present = m_pWidget->font().stretch();
+    if (stretch != (present == QFont::AnyStretch ? int(QFont::Unstretched) : present)) {
+        m_pWidget->setFont(font);
     }
 }

@@ -2,28 +2,27 @@
 
 #include <QObject>
 
-class QLabel;
+class QDoubleSpinBox;
 class QLineEdit;
 class QWidget;
 
-/// Condenses the text of a widget as far as it takes to show the whole of it, to half its width at most:
-/// what is left of a bound or a name that is cut off would read as another one.
+/// Condenses the text of a widget until the whole of it is shown, to half its width at most. A bound that
+/// still does not fit ends in an ellipsis: cut off without a sign it would read as another number.
 class CondensedText : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Belongs to the widget.
-    explicit CondensedText(QLineEdit* field);
-    explicit CondensedText(QLabel* label);
+    /// Belongs to the widget, a label or the field of a spin box.
+    explicit CondensedText(QWidget* widget);
+    CondensedText(const QDoubleSpinBox& spinBox, QLineEdit* field);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void fit(QWidget& widget, const QString& text, int room) const;
-    void fitField();
-    void fitLabel();
+    void fit();
+    bool isCut(const QFont& font) const;
 
-    QLineEdit* m_field = nullptr;
-    QLabel* m_label = nullptr;
+    QWidget* m_pWidget;
+    QLineEdit* m_ediBound = nullptr;
 };

@@ -1,17 +1,19 @@
 #include "HorizontalControlIM.h"
 
-#include "ClickOnEnter.h"
 #include "CondensedText.h"
 #include "StyleSheet.h"
-#include "SubscribeMenu.h"
 #include "WarningBox.h"
 #include "condition/ConditionName.h"
 #include "core_client/core_client.h"
 
+#include <QAction>
 #include <QCoreApplication>
 #include <QDebug>
 #include <QPointer>
+#include <QScopeGuard>
 #include <QSpacerItem>
+#include <QStyle>
+#include <QTextDocument>
 
 using namespace ZelCore;
 
@@ -24,6 +26,12 @@ QWidget* freeOfLayout(QWidget* parent)
     return parent && !parent->layout() ? parent : nullptr;
 }
 
+// What the user typed is no markup.
+QString toolTipOf(const QString& text)
+{
+    return Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text) : text;
+}
+
 } // namespace
 
 HorizontalControlIM::HorizontalControlIM(int moduleId, QString name, QWidget* parent)
@@ -34,35 +42,25 @@ HorizontalControlIM::HorizontalControlIM(int moduleId, QString name, QWidget* pa
     m_labName.setTextFormat(Qt::PlainText); // a stored name is no markup
     m_labName.setText(name);
 
-    try {
-        InitParent();
-        InitObjectName();
-        InitUI();
-        InitConnect();
-        QueryIfModuSubScribeInfo();
-    } catch (...) {
-        delete m_prscpRangeSelect;
-        throw;
-    }
+    auto deleteStrip = qScopeGuard([this] { delete m_prscpRangeSelect; });
+    InitParent();
+    InitObjectName();
+    InitUI();
+    InitConnect();
+    QueryIfModuSubScribeInfo();
+    deleteStrip.dismiss(); // by the destructor from here on
 }
 
 HorizontalControlIM::~HorizontalControlIM()
 {
-    // Hiding takes the focus away, which ends an edit; that edit goes with the row.
-    m_ediNote.disconnect(this);
-    m_btnDelete.disconnect(this);
-    m_bsvButtonSelecter.disconnect(this);
-    if (m_prscpRangeSelect) {
-        m_prscpRangeSelect->disconnect(this);
+    for (QWidget* const widget : std::initializer_list<QWidget*>{&m_labName, &m_ediNote, &m_bsvButtonSelecter,
+                                                                 m_prscpRangeSelect, &m_btnDelete}) {
+        if (widget) {
+            // Hiding takes the focus away, which ends an edit; that edit goes with the row.
+            widget->disconnect(this);
+            widget->hide();
+        }
     }
-
-    m_labName.hide();
-    m_ediNote.hide();
-    m_bsvButtonSelecter.hide();
-    if (m_prscpRangeSelect) {
-        m_prscpRangeSelect->hide();
-    }
-    m_btnDelete.hide();
     delete m_prscpRangeSelect;
 }
 
@@ -94,12 +92,16 @@ void HorizontalControlIM::InitUI()
     m_bsvButtonSelecter.SetFixedSize(selecterWidth, 30);
     addWidget(&m_bsvButtonSelecter);
 
-    createRangeSelect();
+    const QString name = m_labName.text();
+    const ConditionName::Type type = ConditionName::typeOf(name);
+    if (type != ConditionName::Type::None) {
+        const int limit = type == ConditionName::Type::Int ? 999999999 : 100000;
+        m_prscpRangeSelect = new RangeSelectControlIM(m_iModuId, -limit, limit, name, m_horlcParent);
+        addWidget(m_prscpRangeSelect);
+    }
 
     m_btnDelete.setFixedSize(25, 30);
-    // In a host's dialog Enter in a field must not delete a condition.
     m_btnDelete.setAutoDefault(false);
-    new ClickOnEnter(&m_btnDelete);
     addWidget(&m_btnDelete);
     addSpacerItem(new QSpacerItem(10, 20, QSizePolicy::Expanding, QSizePolicy::Minimum));
 
@@ -111,36 +113,21 @@ void HorizontalControlIM::InitUI()
     }
     setStretchFactor(&m_btnDelete, 1);
 
-    const auto sheet = StyleSheet::read(QStringLiteral(":/qss_im/HorizontalControlIM.qss"));
-    if (!sheet) {
+    if (!StyleSheet::set(QStringLiteral(":/qss_im/HorizontalControlIM.qss"),
+                         {&m_ediNote, &m_labName, &m_btnDelete})) {
         qDebug("[HorizontalControlIM]: InitUI HorizontalControlIM qss file open failed.");
-        return;
     }
-    m_ediNote.setStyleSheet(*sheet);
-    m_labName.setStyleSheet(*sheet);
-    m_btnDelete.setStyleSheet(*sheet);
-}
-
-void HorizontalControlIM::createRangeSelect()
-{
-    const QString name = m_labName.text();
-    switch (ConditionName::typeOf(name)) {
-    case ConditionName::Type::Int:
-        m_prscpRangeSelect = new RangeSelectControlIM(m_iModuId, -999999999, 999999999, name, m_horlcParent);
-        break;
-    case ConditionName::Type::Float:
-        m_prscpRangeSelect = new RangeSelectControlIM(m_iModuId, -100000, 100000, name, m_horlcParent);
-        break;
-    case ConditionName::Type::None:
-        return;
-    }
-    addWidget(m_prscpRangeSelect);
 }
 
 void HorizontalControlIM::InitConnect()
 {
     connect(&m_ediNote, &QLineEdit::editingFinished, this,
             &HorizontalControlIM::onLogicValueChanged2SetParam);
+    // From then on modified means: edited and not finished.
+    connect(&m_ediNote, &QLineEdit::editingFinished, &m_ediNote, [this] { m_ediNote.setModified(false); });
+    // The field is narrower than most notes.
+    connect(&m_ediNote, &QLineEdit::textChanged, &m_ediNote,
+            [this](const QString& note) { m_ediNote.setToolTip(toolTipOf(note)); });
     if (m_prscpRangeSelect) {
         connect(m_prscpRangeSelect, &RangeSelectControlIM::sigRangeEditFinish, this,
                 &HorizontalControlIM::onLogicValueChanged2SetParam);
@@ -150,45 +137,6 @@ void HorizontalControlIM::InitConnect()
     connect(&m_btnDelete, &QPushButton::clicked, this, &HorizontalControlIM::onBtnDeleteOpt);
     connect(&m_bsvButtonSelecter, &ButtonSelecterView::sigQuerySubscribeMenuInfo, this,
             &HorizontalControlIM::onQuerySubscribeMenuInfo);
-}
-
-void HorizontalControlIM::SetLabNote(const QString& note)
-{
-    m_ediNote.setText(note);
-    m_ediNote.setCursorPosition(0); // a long note shows its beginning
-}
-
-void HorizontalControlIM::SetCurrentMin(int value)
-{
-    qDebug().noquote() << QStringLiteral("HorizontalControlIM SetCurrentMin min:[%1]").arg(value);
-    if (m_prscpRangeSelect) {
-        m_prscpRangeSelect->SetCurrentMin(value);
-    }
-}
-
-void HorizontalControlIM::SetCurrentMax(int value)
-{
-    qDebug().noquote() << QStringLiteral("HorizontalControlIM SetCurrentMax max:[%1]").arg(value);
-    if (m_prscpRangeSelect) {
-        m_prscpRangeSelect->SetCurrentMax(value);
-    }
-}
-
-void HorizontalControlIM::SetCurrentMinD(double value)
-{
-    qDebug().noquote() << QStringLiteral("HorizontalControlIM SetCurrentMinD min:[%1]").arg(value);
-    if (m_prscpRangeSelect) {
-        m_prscpRangeSelect->SetCurrentMinD(value);
-    }
-}
-
-void HorizontalControlIM::SetCurrentMaxD(double value)
-{
-    // Readers of the log know this line under the minimum's name.
-    qDebug().noquote() << QStringLiteral("HorizontalControlIM SetCurrentMinD max:[%1]").arg(value);
-    if (m_prscpRangeSelect) {
-        m_prscpRangeSelect->SetCurrentMaxD(value);
-    }
 }
 
 void HorizontalControlIM::SetHide()
@@ -208,21 +156,33 @@ void HorizontalControlIM::closeMenus()
     }
 }
 
-void HorizontalControlIM::SetRangeSelectMin(int min)
+void HorizontalControlIM::showInList()
 {
+    for (int i = 0; i < count(); ++i) {
+        if (QWidget* const widget = itemAt(i)->widget()) {
+            widget->show();
+        }
+    }
     if (m_prscpRangeSelect) {
-        m_prscpRangeSelect->SetMinRange(min);
+        QWidget::setTabOrder(m_prscpRangeSelect->lastInTabOrder(), &m_btnDelete);
     }
 }
 
-void HorizontalControlIM::SetRangeSelectMax(int max)
+void HorizontalControlIM::showLoss(const QString& text)
 {
-    if (m_prscpRangeSelect) {
-        m_prscpRangeSelect->SetMaxRange(max);
+    QAction* sign = m_ediNote.actions().value(0);
+    if (text.isEmpty()) {
+        delete sign;
+        return;
     }
+    if (!sign) {
+        sign = m_ediNote.addAction(m_ediNote.style()->standardIcon(QStyle::SP_MessageBoxWarning),
+                                   QLineEdit::TrailingPosition);
+    }
+    sign->setToolTip(toolTipOf(text));
 }
 
-void HorizontalControlIM::DelIO(const QString& name)
+void HorizontalControlIM::DelIO(QString name)
 {
     using namespace ConditionName;
     for (const QString& key :
@@ -267,8 +227,6 @@ void HorizontalControlIM::onSubscribeValueChanged2SetParam(QString info)
         const QPointer<HorizontalControlIM> row = this;
         WarningBox::show(nullptr, QCoreApplication::translate("QIfModuleMainView", "未找到绑定数据"));
         if (row) {
-            // Without a binding that stands there is nothing to show, the refused choice least of all.
-            m_bsvButtonSelecter.SetEdiSubscribeText(QString());
             QueryIfModuSubScribeInfo();
         }
         return;

@@ -1,9 +1,11 @@
 #pragma once
 
 #include "RangeSelectControlIM.h"
+#include "SubscribeMenu.h"
 
 #include <QZelCommonControl/ButtonSelecterView.h>
 
+#include <QDebug>
 #include <QHBoxLayout>
 #include <QJsonArray>
 #include <QLabel>
@@ -31,15 +33,35 @@ public:
     HorizontalControlIM(int moduleId, QString name, QWidget* parent);
     ~HorizontalControlIM() override;
 
+    /// The steps of the construction.
+    void InitParent();
+    void InitObjectName();
+    void InitUI();
+    void InitConnect();
+    /// Shows the input's present binding in its selector.
+    void QueryIfModuSubScribeInfo();
+
+    void ParseTreeNode(ZelCore::SUBSCRIBE_NODE__& node, QJsonObject& out, int level)
+    {
+        SubscribeMenu::ParseTreeNode(node, out, level);
+    }
+
     QString GetLabName() const { return m_labName.text(); }
     QString GetLabNote() const { return m_ediNote.text(); }
-    void SetLabNote(const QString& note);
+    void SetLabNote(QString note) { m_ediNote.setText(note); }
 
     /// Set a bound as accepted, with a line in the log.
-    void SetCurrentMin(int value);
-    void SetCurrentMax(int value);
-    void SetCurrentMinD(double value);
-    void SetCurrentMaxD(double value);
+    void SetCurrentMin(int value) { set("SetCurrentMin min", &RangeSelectControlIM::SetCurrentMin, value); }
+    void SetCurrentMax(int value) { set("SetCurrentMax max", &RangeSelectControlIM::SetCurrentMax, value); }
+    void SetCurrentMinD(double value)
+    {
+        set("SetCurrentMinD min", &RangeSelectControlIM::SetCurrentMinD, value);
+    }
+    // Readers of the log know this line under the minimum's name.
+    void SetCurrentMaxD(double value)
+    {
+        set("SetCurrentMinD max", &RangeSelectControlIM::SetCurrentMaxD, value);
+    }
 
     /// The bounds as shown; the int ones are truncated toward zero.
     int GetCurrentMin() const { return m_prscpRangeSelect ? m_prscpRangeSelect->GetCurrentMin() : 0; }
@@ -54,12 +76,18 @@ public:
 
     int GetRangeSelectMin() const { return m_prscpRangeSelect ? m_prscpRangeSelect->GetMinRange() : 0; }
     int GetRangeSelectMax() const { return m_prscpRangeSelect ? m_prscpRangeSelect->GetMaxRange() : 0; }
-    void SetRangeSelectMin(int min);
-    void SetRangeSelectMax(int max);
+    void SetRangeSelectMin(int min) { forward(&RangeSelectControlIM::SetMinRange, min); }
+    void SetRangeSelectMax(int max) { forward(&RangeSelectControlIM::SetMaxRange, max); }
 
     /// Removes from the core every binding and UI datum of the condition; its IOs stay. Failures are
     /// logged and do not stop the removal.
-    void DelIO(const QString& name);
+    void DelIO(QString name);
+
+    /// To be called when the list has the row: shows its widgets, and puts them into the tab order.
+    void showInList();
+    QLineEdit* noteField() { return &m_ediNote; }
+    /// Marks the note with a warning sign, whose tool tip this is; no sign for an empty text.
+    void showLoss(const QString& text);
 
 signals:
     void sigBtnDeleteOpt(QString name);
@@ -73,13 +101,19 @@ public slots:
     void onSubscribeValueChanged2SetParam(QString info);
 
 private:
-    void InitParent();
-    void InitObjectName();
-    void InitUI();
-    void InitConnect();
-    void QueryIfModuSubScribeInfo();
-
-    void createRangeSelect();
+    template <typename Value>
+    void set(const char* logged, void (RangeSelectControlIM::*setter)(Value), Value value)
+    {
+        qDebug().noquote().nospace() << "HorizontalControlIM " << logged << ":[" << value << ']';
+        forward(setter, value);
+    }
+    template <typename Value>
+    void forward(void (RangeSelectControlIM::*setter)(Value), Value value)
+    {
+        if (m_prscpRangeSelect) {
+            (m_prscpRangeSelect->*setter)(value);
+        }
+    }
 
     int m_indexName = 0;
     int m_iModuId = 0;

@@ -1,23 +1,24 @@
 #include "QIfModuleMainView.h"
 
-#include "ClickOnEnter.h"
+#include "FocusedWheel.h"
 #include "HorizontalControlIM.h"
+#include "QIfModuleExports.h"
+#include "StoredLoss.h"
 #include "StyleSheet.h"
 #include "WarningBox.h"
 #include "condition/ConditionName.h"
 #include "condition/ConditionRecord.h"
 #include "condition/ModuleParameter.h"
+#include "core_client/core_client.h"
 #include "ui_QIfModuleMainView.h"
 
 #include <QApplication>
 #include <QDebug>
-#include <QEvent>
+#include <QFocusEvent>
 #include <QListView>
-#include <QPointer>
 #include <QScopeGuard>
-#include <QStyledItemDelegate>
 
-#include <algorithm>
+#include <new>
 #include <utility>
 
 using namespace ZelCore;
@@ -26,21 +27,6 @@ namespace {
 
 constexpr int maximumConditions = 32;
 constexpr UInt saveTimeOut = 5000; // ms
-
-// Hides the area until the end of the scope: what is added to a visible one is shown, laid out and painted
-// widget by widget.
-auto shownAtOnce(QWidget& area)
-{
-    QWidget* const focus = QApplication::focusWidget();
-    QPointer<QWidget> inside = area.isAncestorOf(focus) ? focus : nullptr;
-    area.hide();
-    return qScopeGuard([&area, inside = std::move(inside)] {
-        area.show();
-        if (inside) {
-            inside->setFocus();
-        }
-    });
-}
 
 } // namespace
 
@@ -59,11 +45,9 @@ QIfModuleMainView::QIfModuleMainView(int moduleId, QWidget* parent)
 
 QIfModuleMainView::~QIfModuleMainView()
 {
-    // The rows go with the layouts, after this object: what they still say must not reach it.
-    for (const auto& entry : std::as_const(m_mapIMHorControls)) {
-        for (HorizontalControlIM* const row : entry) {
-            row->disconnect(this);
-        }
+    // The rows go with the layouts, after this object, and emit signals while they do.
+    for (HorizontalControlIM* const row : rows()) {
+        row->disconnect(this);
     }
     m_qsName.clear();
     delete ui;
@@ -73,24 +57,13 @@ void QIfModuleMainView::InitUI()
 {
     ui->widget->setFixedHeight(80);
 
-    if (const auto sheet = StyleSheet::read(QStringLiteral(":/qss_im/QIfModuleMainView.qss"))) {
-        ui->lab_determineType->setStyleSheet(*sheet);
-        ui->lab_help->setStyleSheet(*sheet);
-        ui->cbox_determineType->setStyleSheet(*sheet);
-        ui->cbox_typeSelect->setStyleSheet(*sheet);
-        for (QComboBox* const combo : {ui->cbox_typeSelect, ui->cbox_determineType}) {
-            combo->setView(new QListView(combo));
-            // A combo's own delegate ignores the sheet's rules for items.
-            combo->setItemDelegate(new QStyledItemDelegate(combo));
-        }
-        ui->lab_help->setStyleSheet(*sheet);
-        ui->lab_name->setStyleSheet(*sheet);
-        ui->lab_note->setStyleSheet(*sheet);
-        ui->lab_condition->setStyleSheet(*sheet);
-        ui->lab_effectRange->setStyleSheet(*sheet);
-        ui->btn_add->setStyleSheet(*sheet);
-        ui->scrollArea->setStyleSheet(*sheet);
-        setStyleSheet(*sheet);
+    const QString sheet = QStringLiteral(":/qss_im/QIfModuleMainView.qss");
+    if (StyleSheet::set(sheet,
+                        {ui->lab_determineType, ui->lab_help, ui->cbox_determineType, ui->cbox_typeSelect})) {
+        ui->cbox_typeSelect->setView(new QListView);
+        ui->cbox_determineType->setView(new QListView);
+        StyleSheet::set(sheet, {ui->lab_help, ui->lab_name, ui->lab_note, ui->lab_condition,
+                                ui->lab_effectRange, ui->btn_add, ui->scrollArea, this});
     } else {
         qDebug("[QIfModuleMainView]: InitUI QIfModuleMainView qss file open failed.");
     }
@@ -101,9 +74,10 @@ void QIfModuleMainView::InitUI()
     ui->lab_name->setFixedWidth(HorizontalControlIM::nameWidth + gap);
     ui->lab_note->setFixedWidth(HorizontalControlIM::noteWidth + gap);
     ui->lab_condition->setFixedWidth(HorizontalControlIM::selecterWidth + gap);
-    // In a host's dialog Enter in a field must not add a condition.
+    // In a host's dialog Return in a field must not add a condition.
     ui->btn_add->setAutoDefault(false);
-    new ClickOnEnter(ui->btn_add);
+    new FocusedWheel(ui->cbox_determineType);
+    new FocusedWheel(ui->cbox_typeSelect);
 }
 
 void QIfModuleMainView::InitConnect()
@@ -119,6 +93,7 @@ void QIfModuleMainView::InitInstallFilter()
 bool QIfModuleMainView::RetranslateUi()
 {
     ui->retranslateUi(this);
+    showLosses();
     return true;
 }
 
@@ -133,10 +108,8 @@ bool QIfModuleMainView::eventFilter(QObject* watched, QEvent* event)
         break;
     case QEvent::MouseButtonPress:
     case QEvent::Hide:
-        for (const auto& entry : std::as_const(m_mapIMHorControls)) {
-            for (HorizontalControlIM* const row : entry) {
-                row->closeMenus();
-            }
+        for (HorizontalControlIM* const row : rows()) {
+            row->closeMenus();
         }
         if (event->type() == QEvent::Hide) {
             finishEdit();
@@ -148,14 +121,22 @@ bool QIfModuleMainView::eventFilter(QObject* watched, QEvent* event)
     return false;
 }
 
+// An edit ends when Qt moves the focus out of what is hidden. In a hidden window, or when no other widget can
+// take the focus, it stays in the field, and the next load would discard the edit.
 void QIfModuleMainView::finishEdit()
 {
-    // A window that has nothing else to focus leaves the focus in a hidden field, and the edit open until
-    // the next load forgets it.
     QWidget* const focus = QApplication::focusWidget();
-    if (focus && isAncestorOf(focus)) {
-        focus->clearFocus();
+    if (!focus || !isAncestorOf(focus) || !focus->property("modified").toBool()) {
+        return;
     }
+    for (auto* next = focus->nextInFocusChain(); next != focus; next = next->nextInFocusChain()) {
+        if (!window()->isHidden() && (next->focusPolicy() & Qt::TabFocus) && next->isEnabled() &&
+            next->isVisibleTo(window())) {
+            return;
+        }
+    }
+    QFocusEvent focusOut(QEvent::FocusOut);
+    QApplication::sendEvent(focus, &focusOut);
 }
 
 void QIfModuleMainView::QueryIfModuleInfo()
@@ -173,7 +154,6 @@ void QIfModuleMainView::QueryIfModuleInfo()
     qDebug().noquote().nospace() << "[QIfModuleMainView]: QueryIfModuleInfo IFText data=" << text;
 
     removeAllRows();
-    const auto shown = shownAtOnce(*ui->widget_2);
     const QList<StoredCondition> conditions = StoredCondition::fromText(text);
     for (const StoredCondition& condition : conditions) {
         auto row = createRow(condition.name);
@@ -190,9 +170,10 @@ void QIfModuleMainView::QueryIfModuleInfo()
             qDebug("[QIfModuleMainView]: SetRangeSelect num trans failed.");
         }
         row->SetLabNote(condition.note);
-        appendToRegistry(condition.name, row.get());
-        appendToList(std::move(row));
+        appendRow(condition.name, std::move(row));
     }
+    layOutList();
+    showLosses();
 
     const RUN_PARAM_CONDITION__ modeCondition(moduleId, ModuleParameter::judgementMode);
     KADO_MODULE_PARAM__ mode;
@@ -210,14 +191,7 @@ void QIfModuleMainView::QueryIfModuleInfo()
 void QIfModuleMainView::onLogicValueChanged2SetParam()
 {
     qDebug("[QIfModuleMainView]: onLogicValueChanged2SetParam start.");
-    QList<ConditionRecord> conditions;
-    for (const auto& entry : std::as_const(m_mapIMHorControls)) {
-        for (auto it = entry.cbegin(); it != entry.cend(); ++it) {
-            conditions << ConditionRecord{it.key(), it.value()->GetCurrentMinD(),
-                                          it.value()->GetCurrentMaxD(), it.value()->GetLabNote()};
-        }
-    }
-    const QString text = ConditionRecord::toText(conditions);
+    const QString text = ConditionRecord::toText(shownConditions());
     qDebug().noquote().nospace() << "[QIfModuleMainView]: onLogicValueChanged2SetParam send=" << text;
 
     const QByteArray stored = ConditionRecord::toStored(text);
@@ -230,6 +204,7 @@ void QIfModuleMainView::onLogicValueChanged2SetParam()
         qDebug().noquote().nospace() << "[QIfModuleMainView]: onLogicValueChanged2SetParam failed send = "
                                      << text;
     }
+    showLosses();
 }
 
 void QIfModuleMainView::on_cbox_determineType_currentIndexChanged(int index)
@@ -255,12 +230,10 @@ void QIfModuleMainView::on_btn_add_clicked()
     if (type != ConditionName::Type::None) {
         qDebug().noquote() << QStringLiteral("on_btn_add_clicked %1 start.").arg(valueType);
         QStringList names;
-        for (const auto& entry : std::as_const(m_mapIMHorControls)) {
-            for (auto it = entry.cbegin(); it != entry.cend(); ++it) {
-                qDebug().noquote() << it.key();
-                if (it.key().contains(valueType)) {
-                    names << it.key();
-                }
+        for (const HorizontalControlIM* const row : rows()) {
+            qDebug().noquote() << row->GetLabName();
+            if (row->GetLabName().contains(valueType)) {
+                names << row->GetLabName();
             }
         }
         qDebug().noquote() << QStringLiteral("on_btn_add_clicked %1 end.").arg(valueType);
@@ -273,40 +246,39 @@ void QIfModuleMainView::on_btn_add_clicked()
         m_qsName = ConditionName::lowestFree(type, names);
     }
 
-    auto row = createRow(m_qsName);
-    appendToRegistry(m_qsName, row.get());
+    // In the list before anything can fail: the registry must not refer to a row that nobody owns.
+    appendRow(m_qsName, createRow(m_qsName));
     qDebug("m_mapIMHorControls info start.");
-    for (const auto& entry : std::as_const(m_mapIMHorControls)) {
-        for (auto it = entry.cbegin(); it != entry.cend(); ++it) {
-            qDebug().noquote() << it.key();
-        }
+    for (const HorizontalControlIM* const row : rows()) {
+        qDebug().noquote() << row->GetLabName();
     }
     qDebug("m_mapIMHorControls info end.");
-    appendToList(std::move(row));
+    layOutList();
+    ui->scrollArea->ensureWidgetVisible(m_mapIMHorControls.last().first()->noteField());
 
-    if (addIo(ConditionName::inputIo(m_qsName), valueType, Input) &&
-        addIo(ConditionName::valueOutputIo(m_qsName), valueType, Output) &&
-        addIo(ConditionName::minimumOutputIo(m_qsName), valueType, Output) &&
-        addIo(ConditionName::maximumOutputIo(m_qsName), valueType, Output)) {
+    IO_INFO io;
+    const auto addIo = [&](const QString& ioName, IOClass ioClass) {
+        io.Clear();
+        FillText(io.ParamName, ioName.toUtf8().constData());
+        FillText(io.VauleType, valueType.toUtf8().constData());
+        io.ExtraData.CanSubscribe = false;
+        AddIOCommand command(static_cast<UInt>(m_iModuId), &io, ioClass);
+        return ExecuteOrLog(
+            command, QStringLiteral("[QIfModuleMainView]: on_btn_add_clicked AddIOCommand %1 failed. errmeg=")
+                         .arg(ioClass == Input ? QLatin1String("input") : QLatin1String("output")));
+    };
+    if (addIo(ConditionName::inputIo(m_qsName), Input) &&
+        addIo(ConditionName::valueOutputIo(m_qsName), Output) &&
+        addIo(ConditionName::minimumOutputIo(m_qsName), Output) &&
+        addIo(ConditionName::maximumOutputIo(m_qsName), Output)) {
         onLogicValueChanged2SetParam();
     }
-}
-
-bool QIfModuleMainView::addIo(const QString& ioName, const QString& valueType, IOClass ioClass)
-{
-    IO_INFO io(ioName.toUtf8().constData(), valueType.toUtf8().constData());
-    io.ExtraData.CanSubscribe = false;
-    AddIOCommand command(static_cast<UInt>(m_iModuId), &io, ioClass);
-    return ExecuteOrLog(
-        command, QStringLiteral("[QIfModuleMainView]: on_btn_add_clicked AddIOCommand %1 failed. errmeg=")
-                     .arg(ioClass == Input ? QLatin1String("input") : QLatin1String("output")));
 }
 
 void QIfModuleMainView::onBtnDeleteOpt(QString name)
 {
     qDebug().noquote().nospace() << "onBtnDeleteOpt name = " << name;
-    // An entry that goes makes the scan skip the next one, up to the end fixed here; names are unique,
-    // so there is one entry at most.
+    // Removing while iterating skips the following entry; names are unique, so that one entry at most goes.
     const int end = m_mapIMHorControls.size();
     for (int i = 0; i < end && i < m_mapIMHorControls.size(); ++i) {
         const auto& entry = m_mapIMHorControls.at(i);
@@ -351,25 +323,89 @@ std::unique_ptr<HorizontalControlIM> QIfModuleMainView::createRow(const QString&
     return row;
 }
 
-void QIfModuleMainView::appendToRegistry(const QString& name, HorizontalControlIM* row)
+void QIfModuleMainView::appendRow(const QString& name, std::unique_ptr<HorizontalControlIM> row)
 {
-    m_mapIMHorControls.append({{name, row}});
+    HorizontalControlIM* const appended = row.get();
+    ui->verL_infoList->addLayout(row.release(), 0);
+    {
+        // Shown here, with one layout at the end: Qt would show and lay out widget by widget later.
+        ui->gridLayout_9->setEnabled(false);
+        const auto enable = qScopeGuard([this] { ui->gridLayout_9->setEnabled(true); });
+        appended->showInList();
+    }
+    m_mapIMHorControls.append({{name, appended}});
+    connect(appended->noteField(), &QLineEdit::textChanged, this, &QIfModuleMainView::showLosses);
 }
 
-void QIfModuleMainView::appendToList(std::unique_ptr<HorizontalControlIM> row)
+void QIfModuleMainView::layOutList()
 {
-    ui->verL_infoList->addLayout(row.release(), 0);
+    ui->gridLayout_9->activate();
+    ui->verticalLayout_2->activate();
+    QEvent layoutRequest(QEvent::LayoutRequest);
+    QApplication::sendEvent(ui->scrollArea, &layoutRequest);
+}
+
+QList<ConditionRecord> QIfModuleMainView::shownConditions() const
+{
+    QList<ConditionRecord> conditions;
+    for (const HorizontalControlIM* const row : rows()) {
+        conditions << ConditionRecord{row->GetLabName(), row->GetCurrentMinD(), row->GetCurrentMaxD(),
+                                      row->GetLabNote()};
+    }
+    return conditions;
+}
+
+// The notes that cost conditions, or are cut themselves, carry a sign that says so.
+void QIfModuleMainView::showLosses()
+{
+    const StoredLoss loss(shownConditions());
+    for (HorizontalControlIM* const row : rows()) {
+        const QString note = row->GetLabNote();
+        QStringList lines;
+        if (StoredLoss::costsBytes(note)) {
+            lines << tr("保存时末尾丢失的字节数：%1").arg(loss.bytes);
+            if (!loss.names.isEmpty()) {
+                lines << tr("不再恢复的条件：%1").arg(loss.names.join(QLatin1String(", ")));
+            }
+        }
+        if ((!lines.isEmpty() || StoredLoss::isCut(note)) && loss.cutNotes.contains(row->GetLabName())) {
+            lines << tr("注释只恢复为：%1").arg(loss.cutNotes[row->GetLabName()]);
+        }
+        row->showLoss(lines.join(QLatin1Char('\n')));
+    }
+}
+
+QList<HorizontalControlIM*> QIfModuleMainView::rows() const
+{
+    QList<HorizontalControlIM*> all;
+    for (const auto& entry : m_mapIMHorControls) {
+        all << entry.values();
+    }
+    return all;
 }
 
 void QIfModuleMainView::removeAllRows()
 {
-    // Dead before they are gone: a row that loses the focus must not store half a list.
-    const auto registry = std::exchange(m_mapIMHorControls, {});
-    for (const auto& entry : registry) {
-        for (HorizontalControlIM* const row : entry) {
-            row->disconnect(this);
-        }
+    // A row that loses the focus while it goes must not store half a list.
+    for (HorizontalControlIM* const row : rows()) {
+        row->disconnect(this);
     }
+    m_mapIMHorControls.clear();
     while (const std::unique_ptr<QLayoutItem> item{ui->verL_infoList->takeAt(0)}) {
     }
+}
+
+bool CreateModuParamConfigInstance(unsigned int moduleId, QWidget* parent, QWidget** out)
+{
+    if (!out) {
+        return false;
+    }
+    *out = new (std::nothrow) QIfModuleMainView(static_cast<int>(moduleId), parent);
+    return *out != nullptr;
+}
+
+bool LangChanged(QWidget* view)
+{
+    auto* const panel = qobject_cast<QIfModuleMainView*>(view);
+    return panel && panel->RetranslateUi();
 }

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "core_client/core_client.h"
-
 #include <QList>
 #include <QMap>
 #include <QPoint>
@@ -11,6 +9,7 @@
 #include <memory>
 
 class HorizontalControlIM;
+struct ConditionRecord;
 class Ui_QIfModuleMainView;
 
 /// The configuration panel of one If module: its conditions, a row each, and how they are combined.
@@ -26,8 +25,16 @@ public:
     QIfModuleMainView(int moduleId, QWidget* parent);
     ~QIfModuleMainView() override;
 
+    /// The steps of the construction.
+    void InitUI();
+    void InitConnect();
+    void InitInstallFilter();
+
     /// Sets every text anew in the present language; true.
     bool RetranslateUi();
+
+    /// Rebuilds the rows and the mode from what the core stores.
+    void QueryIfModuleInfo();
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -43,18 +50,16 @@ public slots:
     void on_cbox_determineType_currentIndexChanged(int index);
 
 private:
-    void InitUI();
-    void InitConnect();
-    void InitInstallFilter();
-    void QueryIfModuleInfo();
-
     std::unique_ptr<HorizontalControlIM> createRow(const QString& name);
-    void appendToRegistry(const QString& name, HorizontalControlIM* row);
-    /// The registry owns no row; the list's layout takes it.
-    void appendToList(std::unique_ptr<HorizontalControlIM> row);
+    /// The list's layout takes the row; the registry owns none.
+    void appendRow(const QString& name, std::unique_ptr<HorizontalControlIM> row);
+    /// In the order of the registry.
+    QList<HorizontalControlIM*> rows() const;
     void removeAllRows();
+    void layOutList();
     void finishEdit();
-    bool addIo(const QString& ioName, const QString& valueType, ZelCore::IOClass ioClass);
+    QList<ConditionRecord> shownConditions() const;
+    void showLosses();
 
     Ui_QIfModuleMainView* ui = nullptr;
     int m_iModuId = 0;

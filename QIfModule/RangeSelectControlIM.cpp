@@ -2,8 +2,8 @@
 
 #include "BoundValidator.h"
 #include "CondensedText.h"
+#include "FocusedWheel.h"
 #include "StyleSheet.h"
-#include "SubscribeMenu.h"
 #include "condition/ConditionName.h"
 #include "condition/ConditionRecord.h"
 #include "condition/ModuleParameter.h"
@@ -31,15 +31,6 @@ constexpr int stripWidth = 230;
 constexpr int stripHeight = 30;
 constexpr int sliderHeight = 25;
 
-// A text as the UI datum that tells a bound's source; its length counts the NUL.
-template <std::size_t N>
-CommandResult writeSource(int moduleId, const QString& key, const char (&value)[N])
-{
-    UInt length = N;
-    SetUIDataCommand command(static_cast<UInt>(moduleId), key.toUtf8().constData(), value, length);
-    return ExecuteCommand(command);
-}
-
 // The three-level climb starts at the strip's parent; any of them may be missing.
 QWidget* parentAreaOf(const QObject* strip)
 {
@@ -48,6 +39,15 @@ QWidget* parentAreaOf(const QObject* strip)
         ancestor = ancestor->parent();
     }
     return qobject_cast<QWidget*>(ancestor);
+}
+
+QWidget* lastInFocusChain(QWidget& widget)
+{
+    QWidget* last = &widget;
+    while (widget.isAncestorOf(last->nextInFocusChain())) {
+        last = last->nextInFocusChain();
+    }
+    return last;
 }
 
 } // namespace
@@ -73,7 +73,7 @@ RangeSelectControlIM::RangeSelectControlIM(int moduleId, int minRange, int maxRa
 
 RangeSelectControlIM::~RangeSelectControlIM()
 {
-    // The members say goodbye with signals and events of their own; nothing here may answer any more.
+    // Member destructors emit signals and send events; disconnect first.
     for (QObject* const sender : std::initializer_list<QObject*>{
              &m_qmlRangeSlider, &m_spbMinPullBar, &m_spbMaxPullBar, &m_btnMinSwitch, &m_btnMaxSwitch,
              &m_bsvMinNumSubscribe, &m_bsvMaxNumSubscribe}) {
@@ -140,22 +140,29 @@ void RangeSelectControlIM::InitUI()
         // The field is narrower than the largest bounds.
         spinBox->setToolTip(spinBox->text());
         connect(spinBox, &QDoubleSpinBox::textChanged, spinBox, &QWidget::setToolTip);
+        new FocusedWheel(spinBox);
     }
 
-    for (QPushButton* const button : {&m_btnMinSwitch, &m_btnMaxSwitch}) {
-        button->setFixedSize(30, 30);
+    m_btnMinSwitch.setFixedSize(30, 30);
+    m_btnMaxSwitch.setFixedSize(30, 30);
+    // In a dialog, which the strip is itself, Return in a field must not switch a bound.
+    for (QPushButton* const button : {&m_btnMinSwitch, &m_btnMaxSwitch, &m_btnLine}) {
+        button->setAutoDefault(false);
     }
 
     m_bsvMinNumSubscribe.SetFixedSize(m_spbMinPullBar.width(), m_spbMinPullBar.height());
     m_bsvMaxNumSubscribe.SetFixedSize(m_spbMaxPullBar.width(), m_spbMaxPullBar.height());
 
-    m_hRangeSelectLayout.addWidget(&m_spbMinPullBar);
-    m_hRangeSelectLayout.addWidget(&m_bsvMinNumSubscribe);
-    m_hRangeSelectLayout.addWidget(&m_btnMinSwitch);
-    m_hRangeSelectLayout.addWidget(&m_btnLine);
-    m_hRangeSelectLayout.addWidget(&m_spbMaxPullBar);
-    m_hRangeSelectLayout.addWidget(&m_bsvMaxNumSubscribe);
-    m_hRangeSelectLayout.addWidget(&m_btnMaxSwitch);
+    for (QWidget* const widget :
+         std::initializer_list<QWidget*>{&m_spbMinPullBar, &m_bsvMinNumSubscribe, &m_btnMinSwitch, &m_btnLine,
+                                         &m_spbMaxPullBar, &m_bsvMaxNumSubscribe, &m_btnMaxSwitch}) {
+        m_hRangeSelectLayout.addWidget(widget);
+    }
+
+    // Tab leads to the bounds, then to the switches.
+    setTabOrder(lastInFocusChain(m_bsvMinNumSubscribe), &m_spbMaxPullBar);
+    setTabOrder(lastInFocusChain(m_bsvMaxNumSubscribe), &m_btnMinSwitch);
+    setTabOrder(&m_btnMinSwitch, &m_btnMaxSwitch);
 
     m_bsvMinNumSubscribe.hide();
     m_bsvMaxNumSubscribe.hide();
@@ -165,35 +172,28 @@ void RangeSelectControlIM::InitUI()
         m_hRangeSelectLayout.setStretchFactor(widget, 1);
     }
 
-    const auto sheet = StyleSheet::read(QStringLiteral(":/qss_im/HorizontalControlIM.qss"));
-    if (!sheet) {
+    if (!StyleSheet::set(QStringLiteral(":/qss_im/HorizontalControlIM.qss"),
+                         {this, &m_btnLine, &m_spbMinPullBar, &m_spbMaxPullBar})) {
         qDebug("[RangeSelectControlIM]: InitUI HorizontalControlIM qss file open failed.");
-        return;
     }
-    setStyleSheet(*sheet);
-    m_btnLine.setStyleSheet(*sheet);
-    m_spbMinPullBar.setStyleSheet(*sheet);
-    m_spbMaxPullBar.setStyleSheet(*sheet);
 }
 
 void RangeSelectControlIM::InitConnect()
 {
-    connect(&m_qmlRangeSlider, &QmlRangeSliderView::sigRangeSliderChange, this,
-            &RangeSelectControlIM::onQmlRangeSliderValueChanged);
-    connect(&m_spbMinPullBar, &QDoubleSpinBox::editingFinished, this,
-            &RangeSelectControlIM::onRangeEditFinish);
-    connect(&m_spbMaxPullBar, &QDoubleSpinBox::editingFinished, this,
-            &RangeSelectControlIM::onRangeEditFinish);
-    connect(&m_btnMinSwitch, &QPushButton::clicked, this, &RangeSelectControlIM::onBtnMinSwitch);
-    connect(&m_btnMaxSwitch, &QPushButton::clicked, this, &RangeSelectControlIM::onBtnMaxSwitch);
-    for (ButtonSelecterView* const selecter : {&m_bsvMinNumSubscribe, &m_bsvMaxNumSubscribe}) {
-        connect(selecter, &ButtonSelecterView::sigEdiSubscribeInfoChanged, this,
-                &RangeSelectControlIM::onSubscribeValueChanged2SetParam);
-    }
-    for (ButtonSelecterView* const selecter : {&m_bsvMinNumSubscribe, &m_bsvMaxNumSubscribe}) {
-        connect(selecter, &ButtonSelecterView::sigQuerySubscribeMenuInfo, this,
-                &RangeSelectControlIM::onQuerySubscribeMenuInfo);
-    }
+    connect(&m_qmlRangeSlider, SIGNAL(sigRangeSliderChange(int, int)), this,
+            SLOT(onQmlRangeSliderValueChanged(int, int)));
+    connect(&m_spbMinPullBar, SIGNAL(editingFinished()), this, SLOT(onRangeEditFinish()));
+    connect(&m_spbMaxPullBar, SIGNAL(editingFinished()), this, SLOT(onRangeEditFinish()));
+    connect(&m_btnMinSwitch, SIGNAL(clicked()), this, SLOT(onBtnMinSwitch()));
+    connect(&m_btnMaxSwitch, SIGNAL(clicked()), this, SLOT(onBtnMaxSwitch()));
+    connect(&m_bsvMinNumSubscribe, SIGNAL(sigEdiSubscribeInfoChanged(QString)), this,
+            SLOT(onSubscribeValueChanged2SetParam(QString)));
+    connect(&m_bsvMaxNumSubscribe, SIGNAL(sigEdiSubscribeInfoChanged(QString)), this,
+            SLOT(onSubscribeValueChanged2SetParam(QString)));
+    connect(&m_bsvMinNumSubscribe, SIGNAL(sigQuerySubscribeMenuInfo(QString)), this,
+            SLOT(onQuerySubscribeMenuInfo(QString)));
+    connect(&m_bsvMaxNumSubscribe, SIGNAL(sigQuerySubscribeMenuInfo(QString)), this,
+            SLOT(onQuerySubscribeMenuInfo(QString)));
 }
 
 void RangeSelectControlIM::InstallEventFilter()
@@ -202,12 +202,20 @@ void RangeSelectControlIM::InstallEventFilter()
     m_spbMaxPullBar.installEventFilter(this);
     m_qmlRangeSlider.installEventFilter(this);
 
-    const auto watchEdit = [this](const QDoubleSpinBox& spinBox) {
+    const auto watchEdit = [this](QDoubleSpinBox& spinBox) {
         auto* const edit = spinBox.findChild<QLineEdit*>();
         if (edit) {
             edit->setValidator(new BoundValidator(spinBox, edit));
-            new CondensedText(edit);
+            new CondensedText(spinBox, edit);
             edit->installEventFilter(this);
+            // As a line edit's, for edits that are not finished; those by the arrows too.
+            const auto setModified = [&spinBox] { spinBox.setProperty("modified", spinBox.hasFocus()); };
+            connect(edit, &QLineEdit::textEdited, &spinBox, setModified);
+            connect(&spinBox, QOverload<double>::of(&QDoubleSpinBox::valueChanged), &spinBox, setModified);
+            connect(&spinBox, &QDoubleSpinBox::editingFinished, &spinBox, [&spinBox] {
+                spinBox.setProperty("modified", false);
+                spinBox.setToolTip(spinBox.text());
+            });
         }
         return edit;
     };
@@ -234,7 +242,9 @@ bool RangeSelectControlIM::eventFilter(QObject* watched, QEvent* event)
     }
     if (watched == &m_qmlRangeSlider && type == QEvent::WindowDeactivate) {
         const QWidget* const focus = QApplication::focusWidget();
-        if (focus != &m_spbMinPullBar && focus != &m_spbMaxPullBar) {
+        // Hiding the active slider in onFocusOut() deactivates it, at once or later: that close is done.
+        const bool isDone = m_bIsSliderClosed && m_qmlRangeSlider.isHidden();
+        if (focus != &m_spbMinPullBar && focus != &m_spbMaxPullBar && !isDone) {
             onFocusOut();
         }
     }
@@ -243,13 +253,22 @@ bool RangeSelectControlIM::eventFilter(QObject* watched, QEvent* event)
 
 void RangeSelectControlIM::keyPressEvent(QKeyEvent* event)
 {
-    // A dialog would hide at Escape and press a switch at Enter; inside a row the strip is a plain widget.
-    event->ignore();
+    // As in a dialog these keys end here, but without hiding the strip or pressing a button.
+    const int key = event->key();
+    event->setAccepted(key == Qt::Key_Escape || key == Qt::Key_Return || key == Qt::Key_Enter);
+}
+
+void RangeSelectControlIM::setVisible(bool visible)
+{
+    // A dialog that is shown sends the window's focus widget a FocusIn event; inside a row the strip must
+    // not.
+    isWindow() ? QDialog::setVisible(visible) : QWidget::setVisible(visible);
 }
 
 void RangeSelectControlIM::onFocusIn()
 {
     const QPoint global = m_spbMinPullBar.parentWidget()->mapToGlobal(m_spbMinPullBar.pos());
+    m_bIsSliderClosed = false;
     if (!m_qmlRangeSlider.isVisible()) {
         m_qmlRangeSlider.show();
     }
@@ -259,6 +278,7 @@ void RangeSelectControlIM::onFocusIn()
 
 void RangeSelectControlIM::onFocusOut()
 {
+    m_bIsSliderClosed = true;
     m_qmlRangeSlider.hide();
     emit sigRangeEditFinish();
 }
@@ -269,30 +289,35 @@ void RangeSelectControlIM::SetRange(int min, int max)
     m_spbMaxPullBar.setRange(min, max);
 }
 
+// In each setter the order of the three steps is fixed.
 void RangeSelectControlIM::SetCurrentMin(int value)
 {
-    setLower(value);
+    m_spbMinPullBar.setValue(value);
     m_qmlRangeSlider.SetCurrentMinD(value);
+    m_dOldMinValue = value;
 }
 
 void RangeSelectControlIM::SetCurrentMax(int value)
 {
-    setUpper(value);
+    m_spbMaxPullBar.setValue(value);
     m_qmlRangeSlider.SetCurrentMaxD(value);
+    m_dOldMaxValue = value;
 }
 
 void RangeSelectControlIM::SetCurrentMinD(double value)
 {
     qDebug().noquote() << QStringLiteral("SetCurrentMinD min:[%1]").arg(value);
     m_qmlRangeSlider.SetCurrentMinD(value);
-    setLower(value);
+    m_dOldMinValue = value;
+    m_spbMinPullBar.setValue(value);
 }
 
 void RangeSelectControlIM::SetCurrentMaxD(double value)
 {
     qDebug().noquote() << QStringLiteral("SetCurrentMaxD max:[%1]").arg(value);
     m_qmlRangeSlider.SetCurrentMaxD(value);
-    setUpper(value);
+    m_dOldMaxValue = value;
+    m_spbMaxPullBar.setValue(value);
 }
 
 int RangeSelectControlIM::GetCurrentMin() const
@@ -305,22 +330,12 @@ int RangeSelectControlIM::GetCurrentMax() const
     return truncatedToInt(GetCurrentMaxD());
 }
 
-void RangeSelectControlIM::setLower(double value)
-{
-    m_spbMinPullBar.setValue(value);
-    m_dOldMinValue = value;
-}
-
-void RangeSelectControlIM::setUpper(double value)
-{
-    m_spbMaxPullBar.setValue(value);
-    m_dOldMaxValue = value;
-}
-
 void RangeSelectControlIM::onQmlRangeSliderValueChanged(int lower, int upper)
 {
-    setLower(lower);
-    setUpper(upper);
+    m_spbMinPullBar.setValue(lower);
+    m_dOldMinValue = lower;
+    m_spbMaxPullBar.setValue(upper);
+    m_dOldMaxValue = upper;
     emit sigMinRangeChanged();
 }
 
@@ -329,13 +344,15 @@ void RangeSelectControlIM::onRangeSliderLowerValueChanged(int value)
     qDebug().noquote() << QStringLiteral(
                               "[RangeSelectControlIM]: onRangeSliderLowerValueChanged start. value=[%1]")
                               .arg(value);
-    setLower(value);
+    m_spbMinPullBar.setValue(value);
+    m_dOldMinValue = value;
     emit sigMinRangeChanged();
 }
 
 void RangeSelectControlIM::onRangeSliderUpperValueChanged(int value)
 {
-    setUpper(value);
+    m_spbMaxPullBar.setValue(value);
+    m_dOldMaxValue = value;
     emit sigMaxRangeChanged();
 }
 
@@ -397,12 +414,11 @@ void RangeSelectControlIM::switchSource(const Bound& bound, const QString& failu
         bound.switchButton.setStyleSheet(linkSwitchSheet);
         bound.selecter.DelFilterSourceOperation4IO(m_iModuId, SUBSCRIBE_TYPE_RUNPARAM, bound.bindingKey);
     }
-    const CommandResult result =
-        isConstant ? writeSource(m_iModuId, bound.sourceKey, ModuleParameter::subscribedBound)
-                   : writeSource(m_iModuId, bound.sourceKey, ModuleParameter::constantBound);
-    if (!IsSuccess(result)) {
-        LogFailure(failureText, result);
-    }
+    const char* const source = isConstant ? ModuleParameter::subscribedBound : ModuleParameter::constantBound;
+    UInt length = qstrlen(source) + 1;
+    SetUIDataCommand command(static_cast<UInt>(m_iModuId), bound.sourceKey.toUtf8().constData(), source,
+                             length);
+    ExecuteOrLog(command, failureText);
 }
 
 void RangeSelectControlIM::onQuerySubscribeMenuInfo(QString varType)

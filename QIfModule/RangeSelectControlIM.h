@@ -1,5 +1,7 @@
 #pragma once
 
+#include "SubscribeMenu.h"
+
 #include <QZelCommonControl/ButtonSelecterView.h>
 #include <QZelCommonControl/QmlRangeSliderView.h>
 #include <QZelCommonControl/RangeSlider.h>
@@ -23,6 +25,16 @@ public:
     /// Restores from the core whether each bound is subscribed. Throws ZelException without a core.
     RangeSelectControlIM(int moduleId, int minRange, int maxRange, QString name, QWidget* parent);
     ~RangeSelectControlIM() override;
+
+    /// The steps of the construction.
+    void InitParent();
+    void InitObjectName();
+    void InitRange();
+    void InitUI();
+    void InitConnect();
+    void InstallEventFilter();
+    /// Restores from the core whether each bound is subscribed.
+    void QueryIfModuUIParamScribeInfo();
 
     /// Limits what the spin boxes take; slider and stored range stay as they are.
     void SetRange(int min, int max);
@@ -49,6 +61,15 @@ public:
     ButtonSelecterView* GetBsvMinNumSubscribe() { return &m_bsvMinNumSubscribe; }
     ButtonSelecterView* GetBsvMaxNumSubscribe() { return &m_bsvMaxNumSubscribe; }
 
+    void ParseTreeNode(ZelCore::SUBSCRIBE_NODE__& node, QJsonObject& out, int level)
+    {
+        SubscribeMenu::ParseTreeNode(node, out, level);
+    }
+
+    /// The last of the strip's widgets that Tab leads to.
+    QWidget* lastInTabOrder() { return &m_btnMaxSwitch; }
+
+    void setVisible(bool visible) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 signals:
@@ -84,19 +105,9 @@ private:
     Bound lowerBound();
     Bound upperBound();
 
-    void InitParent();
-    void InitObjectName();
-    void InitRange();
-    void InitUI();
-    void InitConnect();
-    void InstallEventFilter();
-    void QueryIfModuUIParamScribeInfo();
-
     void switchSource(const Bound& bound, const QString& failureText);
     void restoreSource(const Bound& bound, const QString& word);
     void showSubscription(const Bound& bound);
-    void setLower(double value);
-    void setUpper(double value);
 
     int m_iModuId = 0;
     int m_iMinRange = 0;
@@ -119,4 +130,6 @@ private:
     QmlRangeSliderView m_qmlRangeSlider;
     QHBoxLayout m_hRangeSelectLayout;
     QWidget* m_pParentArea = nullptr;
+    // By onFocusOut(), since it was last opened.
+    bool m_bIsSliderClosed = false;
 };

@@ -1,12 +1,17 @@
 #include "StyleSheet.h"
 
 #include <QFile>
+#include <QWidget>
 
-std::optional<QString> StyleSheet::read(const QString& resourcePath)
+bool StyleSheet::set(const QString& resourcePath, std::initializer_list<QWidget*> widgets)
 {
     QFile file(resourcePath);
-    if (!file.open(QIODevice::ReadOnly)) {
-        return std::nullopt;
+    const bool isOpen = file.open(QIODevice::ReadOnly);
+    const QString sheet = QString::fromLatin1(file.readAll().constData());
+    for (QWidget* const widget : widgets) {
+        if (isOpen) {
+            widget->setStyleSheet(sheet);
+        }
     }
-    return QString::fromLatin1(file.readAll().constData());
+    return isOpen;
 }

@@ -2,11 +2,14 @@
 
 #include <QString>
 
-#include <optional>
+#include <initializer_list>
+
+class QWidget;
 
 namespace StyleSheet {
 
-/// A compiled-in style sheet, as Latin-1 text up to the first NUL; nothing when it can't be opened.
-std::optional<QString> read(const QString& resourcePath);
+/// Sets a compiled-in style sheet, as Latin-1 text up to the first NUL, on the widgets in this order. False
+/// when it can't be opened.
+bool set(const QString& resourcePath, std::initializer_list<QWidget*> widgets);
 
 } // namespace StyleSheet

@@ -57,6 +57,14 @@ public:
         at<QPushButton>("btn_add")->click();
     }
 
+    /// A field of the host beside the panel.
+    QLineEdit* addField(const QString& text)
+    {
+        auto* const field = new QLineEdit(text);
+        window.layout()->addWidget(field);
+        return field;
+    }
+
     QByteArray stored() const { return core.binaryData.value(QStringLiteral("IFText")); }
 
     FakeCore core;
@@ -81,36 +89,27 @@ inline void typeInto(QWidget* field, const QString& text)
 }
 
 /// Closes the next modal box, a warning with only Ok, and keeps its text. The action runs while it is open.
-class NextWarning
+class NextWarning : public QTimer
 {
 public:
-    explicit NextWarning(std::function<void()> action = {})
+    explicit NextWarning(const std::function<void()>& action = [] {})
     {
-        QObject::connect(&m_timer, &QTimer::timeout, [this, action = std::move(action)] {
-            auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-            if (!box) {
-                return;
-            }
-            m_timer.stop();
-            text = box->text();
-            isPlainWarning = box->icon() == QMessageBox::Warning && box->windowTitle().isEmpty() &&
-                             box->standardButtons() == QMessageBox::Ok;
-            hasParent = box->parentWidget() != nullptr;
-            const QPointer<QMessageBox> guard = box;
-            if (action) {
+        callOnTimeout([this, action] {
+            const QPointer<QMessageBox> box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            if (box && box->icon() == QMessageBox::Warning && box->windowTitle().isEmpty() &&
+                box->standardButtons() == QMessageBox::Ok) {
+                stop();
+                text = box->text();
+                hasParent = box->parentWidget() != nullptr;
                 action();
-            }
-            if (guard) {
-                guard->accept();
+                if (box) {
+                    box->accept();
+                }
             }
         });
-        m_timer.start(10);
+        start(10);
     }
 
     QString text;
-    bool isPlainWarning = false;
     bool hasParent = false;
-
-private:
-    QTimer m_timer;
 };

@@ -55,5 +55,17 @@
         <source>最多添加</source>
         <translation>Conditions, at most</translation>
     </message>
+    <message>
+        <source>保存时末尾丢失的字节数：%1</source>
+        <translation>Bytes lost at the end when stored: %1</translation>
+    </message>
+    <message>
+        <source>不再恢复的条件：%1</source>
+        <translation>Conditions that do not come back: %1</translation>
+    </message>
+    <message>
+        <source>注释只恢复为：%1</source>
+        <translation>The note comes back only as: %1</translation>
+    </message>
 </context>
 </TS>

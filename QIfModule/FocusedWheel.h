@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QObject>
+
+class QWidget;
+
+/// Leaves the wheel to a spin box or combo only while that has the focus; otherwise the list around it
+/// scrolls.
+class FocusedWheel : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Belongs to the widget.
+    explicit FocusedWheel(QWidget* widget);
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+};

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "condition/ConditionRecord.h"
+
+#include <QMap>
+#include <QStringList>
+
+/// What a list of conditions loses by being stored and read back.
+///
+/// The stored record has as many bytes as its text has UTF-16 units, so that text outside ASCII costs bytes
+/// at the end; and notes are not escaped.
+struct StoredLoss
+{
+    explicit StoredLoss(const QList<ConditionRecord>& conditions);
+
+    /// Whether a note makes the record lose bytes, and whether it is cut itself where it is read.
+    static bool costsBytes(const QString& note) { return note.toUtf8().size() > note.size(); }
+    static bool isCut(const QString& note)
+    {
+        return note.contains(QLatin1Char(':')) || note.contains(QLatin1Char(';'));
+    }
+
+    /// Bytes missing at the end of the record.
+    int bytes = 0;
+    /// The conditions that do not come back.
+    QStringList names;
+    /// The notes that come back shorter, as they do, by condition.
+    QMap<QString, QString> cutNotes;
+};
