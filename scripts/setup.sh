@@ -7,7 +7,7 @@ build='g++ cmake ninja-build qtbase5-dev qtdeclarative5-dev qtquickcontrols2-5-d
 run='libqt5sql5-sqlite qml-module-qtquick2 qml-module-qtquick-controls2 qml-module-qtquick-templates2
      qml-module-qtquick-window2 qttranslations5-l10n fonts-dejavu-core fonts-wqy-microhei'
 test='clang clang-format clang-tidy libclang-rt-14-dev libbenchmark-dev valgrind binutils xvfb xauth xdotool
-      openbox shellcheck'
+      openbox shellcheck strace'
 bench='libbenchmark-dev valgrind binutils'
 # The board's libraries stand beside those of this machine; its compiler and tools run on this machine.
 board='g++-aarch64-linux-gnu qemu-user-static debootstrap dpkg-dev file

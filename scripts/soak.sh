@@ -13,7 +13,7 @@ export QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8 QTEST_FUNCTION_TIMEOUT=200000000
 export ASAN_OPTIONS=detect_leaks=1:strict_string_checks=1:detect_stack_use_after_return=1
 export LSAN_OPTIONS="suppressions=$PWD/build/asan/tests/lsan.supp:print_suppressions=0"
 export UBSAN_OPTIONS=print_stacktrace=1
-export RANDOM_RUNS=2000 POWER_CUTS=2000 SHOW_CYCLES=20000 ADD_CYCLES=50000
+export RANDOM_RUNS=2000 SHOW_CYCLES=20000 ADD_CYCLES=50000
 
 run() {
     echo "soak: $1"
@@ -27,6 +27,5 @@ for _ in 1 2 3 4 5 6 7 8 9 10; do
     run asan/bin/tst_faults
 done
 run asan/bin/tst_random_use
-run asan/bin/tst_power_cuts
 run release/bin/tst_long_sessions
 scripts/fuzz.sh 300

@@ -1,9 +1,12 @@
 #include "EmbeddedCore/EmbeddedCore.h"
+#include "EmbeddedCore/FileName.h"
 #include "FlowFile.h"
 
+#include <QElapsedTimer>
 #include <QProcess>
 #include <QScopeGuard>
 #include <QSqlDatabase>
+#include <QSqlError>
 #include <QSqlQuery>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -12,6 +15,7 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <iostream>
 
 using namespace ZelCore;
 
@@ -68,6 +72,29 @@ QByteArray bytesIn(const QString& path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
+const QByteArray mebibyte(1 << 20, 'x');
+
+Step setList(const QByteArray& list)
+{
+    return step<SetBinaryDataCommand>(7u, "IFText", list, static_cast<UInt>(list.size()));
+}
+
+/// Another program: edits the store, tells a trace of its system calls and standard output of each edit that
+/// was acknowledged, and has the store open until its input ends.
+int edit(const char* store)
+{
+    QString error;
+    const auto core = EmbeddedCore::open(flowWithBlob(), store, &error);
+    for (int i = 0; core && i < 5; ++i) {
+        if (setList(QByteArray(1 << 20, static_cast<char>('a' + i)))(*core).Status != Success) {
+            return EXIT_FAILURE;
+        }
+        ::access("acknowledged", F_OK);
+    }
+    std::cout << qPrintable(error) << std::endl;
+    return std::cin.get() == EOF && core ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
 } // namespace
 
 class tst_embedded_core : public QObject
@@ -80,8 +107,13 @@ private slots:
     void refusals();
     void bindings();
     void storeFaults();
+    void fileNames();
+    void tooLarge();
     void oneOwner();
-    void diskFull();
+    void otherPrograms();
+    void readOnly();
+    void mended();
+    void synced();
 
 private:
     // Closes the core and opens one on the same file; what went wrong, if anything.
@@ -104,6 +136,28 @@ private:
         BINARY_DATA__ record;
         status(query(BINARY_DATA_CONDITION__(7, "IFText"), &record));
         return {record.Items(), static_cast<int>(record.Num())};
+    }
+
+    // What another connection says to statements.
+    QString sql(const QStringList& statements)
+    {
+        const auto remove = qScopeGuard([] { QSqlDatabase::removeDatabase("other"); });
+        auto database = QSqlDatabase::addDatabase("QSQLITE", "other");
+        database.setDatabaseName(m_file);
+        QString errors = database.open() ? "" : "can't open";
+        for (const QString& statement : statements) {
+            errors += QSqlQuery(statement, database).lastError().text();
+        }
+        return errors;
+    }
+    // What a shell beside the store's folder, $0, prints.
+    QString shell(const QString& commands)
+    {
+        QProcess process;
+        process.setWorkingDirectory(m_folder.path());
+        process.start("sh", {"-c", commands, QString::number(m_count)});
+        return process.waitForFinished() && process.exitCode() == 0 ? process.readAll()
+                                                                    : commands + " failed";
     }
 
     QTemporaryDir m_folder;
@@ -158,7 +212,7 @@ void tst_embedded_core::refusals()
     };
     SUBSCRIBE_CONDITION__ fourTypes(7, "int");
     fourTypes.VarTypeNum = 4;
-    const QByteArray before = bytesIn(m_file);
+    const QByteArray before = bytesIn(m_file + "-wal");
     refused("unknown command Ask", step<AskCommand>());
     refused("no module 6", step<SetRunParamCommand>(6u, "LogicalMode", "2"));
     refused("name is empty", step<SetRunParamCommand>(7u, "", "2"));
@@ -190,7 +244,8 @@ void tst_embedded_core::refusals()
     refused("has type int, not float", bind("%float0%End", "5.Count", SUBSCRIBE_TYPE_RUNPARAM));
     refused("neither an IO nor", bind("%int0%", "5.Count", 2));
     refused("name is empty", bind("", "5.Count"));
-    QCOMPARE(bytesIn(m_file), before);
+    refused("1048577 bytes of at most 1048576", setList(mebibyte + 'x'));
+    QCOMPARE(bytesIn(m_file + "-wal"), before);
 }
 
 void tst_embedded_core::bindings()
@@ -235,18 +290,25 @@ void tst_embedded_core::storeFaults()
         {"printf '\\2'" + put + "1 seek=63", "has version 2"},
         {"printf '\\2'" + put + "1 seek=71", "no store"},
         {"rm store.db && mkdir store.db", "is not a file"},
-        {"rm -r $PWD", "folder .*No such file"},
-        {"chmod 0444 store.db", "readonly"},
+        {"rm store.db && mkfifo store.db", "is not a file"},
+        {"rm -r $PWD", "No such file"},
+        {"chmod 0444 store.db", "Permission denied"},
         {"chmod 0555 .", "folder .*Permission denied"},
+        {"CREATE VIEW other AS SELECT 1", "another table, index, view or trigger .*VIEW other"},
+        {"CREATE TRIGGER t AFTER UPDATE ON ui_data BEGIN SELECT 1; END", "another .*TRIGGER t"},
+        {"ALTER TABLE binding ADD COLUMN other", "another .*TABLE binding"},
+        {"ALTER TABLE run_parameter RENAME TO old && CREATE TABLE run_parameter AS SELECT * FROM old && DROP "
+         "TABLE old",
+         "another .*run_parameter"},
+        {"DROP TABLE ui_data", "lacks a table: .*ui_data"},
     };
     for (const auto& [fault, message] : faults) {
         init();
         m_core.reset();
-        QProcess shell;
-        shell.setWorkingDirectory(QFileInfo(m_file).path());
-        shell.start("sh", {"-c", "rm store.db.lock && chmod a+rwx .. . store.db && " + fault});
-        QVERIFY(shell.waitForFinished() && shell.exitCode() == 0);
-        const QByteArray before = bytesIn(m_file);
+        QCOMPARE(shell("chmod a+rwx . $0 $0/store.db"), QString());
+        QCOMPARE(fault[1].isUpper() ? sql(fault.split(" && ")) : shell("cd $0 && " + fault + " 2>/dev/null"),
+                 QString());
+        const QByteArray before = QFileInfo(m_file).isFile() ? bytesIn(m_file) : QByteArray();
         // The superuser may write everywhere; another user may not.
         const auto restore = qScopeGuard([this] {
             QCOMPARE(seteuid(getuid()), 0);
@@ -256,38 +318,162 @@ void tst_embedded_core::storeFaults()
         const QString error = open();
         QVERIFY2(error.contains(m_file) && error.contains(QRegularExpression(message)),
                  qPrintable(fault + ": " + error));
-        QCOMPARE(bytesIn(m_file), before);
+        QVERIFY(!QFileInfo(m_file).isFile() || bytesIn(m_file) == before);
     }
 }
 
+void tst_embedded_core::fileNames()
+{
+    const QByteArray folder = QFile::encodeName(QFileInfo(m_file).path()) + '/';
+    for (const char* name : {"\xff.db", "\xc3(.db", "\xed\xb3\xbf.db", "孔 %41?x=1&#.db"}) {
+        m_file = FileName::decoded(folder + name);
+        QCOMPARE(open(), QString());
+        QVERIFY2(::access((folder + name).constData(), F_OK) == 0, name);
+    }
+    for (const char* name : {"", ":memory:", "file:other.db", "file:other.db?mode=memory"}) {
+        m_file = name;
+        QVERIFY2(open().contains("path to a file, not \"" + m_file + '"'), name);
+    }
+}
+
+void tst_embedded_core::tooLarge()
+{
+    const QString values = "UPDATE binary_parameter SET value = zeroblob(%1)";
+    const QString bindings = "WITH RECURSIVE n(i) AS (SELECT 2 UNION ALL SELECT i + 1 FROM n WHERE i < %1) "
+                             "INSERT INTO binding SELECT 7, 'io', i, '5.Count' FROM n";
+    const std::tuple<QString, int, QByteArray> rows[] = {
+        {values, 1 << 20, ""},
+        {values, (1 << 20) + 1, "IFText of module 7 is too large"},
+        {bindings, 100'000, ""},
+        {bindings, 100'001, "more than 100000 entries"}};
+    for (const auto& [statement, number, message] : rows) {
+        init();
+        QCOMPARE(sql({statement.arg(number)}), QString());
+        QString error;
+        QCOMPARE(m_core->configuration(7, &error).has_value(), message.isEmpty());
+        QVERIFY2(error.contains(message), qPrintable(error));
+        if (statement == values && !message.isEmpty()) {
+            refused(message, query<BINARY_DATA_CONDITION__, BINARY_DATA__>({7, "IFText"}));
+        }
+    }
+}
+
+// By any of its names, for as long as its process lives.
 void tst_embedded_core::oneOwner()
 {
-    QString error;
-    QVERIFY(!EmbeddedCore::open(flowWithBlob(), m_file, &error));
-    QVERIFY2(error.contains("in use"), qPrintable(error));
+    const QString store = m_file;
+    QCOMPARE(shell("cd $0; ln store.db hard.db; ln -s store.db soft.db"), QString());
+    const auto expectInUse = [&store] {
+        for (const QString name : {"store.db", "hard.db", "soft.db"}) {
+            QString error;
+            QVERIFY(!EmbeddedCore::open(flowWithBlob(), QFileInfo(store).dir().filePath(name), &error));
+            QVERIFY2(error.contains(name + " is in use"), qPrintable(error));
+        }
+    };
+    expectInUse();
 
-    const Step command = step<SetRunParamCommand>(7u, "LogicalMode", "2");
-    {
-        auto other = QSqlDatabase::addDatabase("QSQLITE", "other");
-        other.setDatabaseName(m_file);
-        QVERIFY(other.open());
-        const QSqlQuery lock("BEGIN EXCLUSIVE", other);
-        refused("locked", command);
-        error = open();
+    m_core.reset();
+    QProcess other;
+    other.start(QCoreApplication::applicationFilePath(), {"edit", m_file});
+    if (!other.waitForStarted()) {
+        QSKIP("This program can't start itself here.");
     }
-    QSqlDatabase::removeDatabase("other");
-    QVERIFY2(error.contains("locked"), qPrintable(error));
-
-    // A killed process leaves its lock file.
-    QVERIFY(QFile::exists(m_file + ".lock"));
+    QVERIFY(other.waitForReadyRead());
+    QCOMPARE(other.readAll(), QByteArray("\n"));
+    expectInUse();
+    other.kill();
+    QVERIFY(other.waitForFinished());
+    m_file = QFileInfo(store).dir().filePath("hard.db");
+    QVERIFY(open().contains("hard.db has another name"));
+    m_file = store;
     QCOMPARE(open(), QString());
-    QCOMPARE(status(command), Success);
+    QCOMPARE(ifText(), QByteArray(1 << 20, 'e') + '\0');
 }
 
-void tst_embedded_core::diskFull()
+void tst_embedded_core::otherPrograms()
 {
-    const QByteArray data(1 << 20, 'x');
-    const Step command = step<SetBinaryDataCommand>(7u, "IFText", data, static_cast<UInt>(data.size()));
+    const Step command = setList("edited");
+    {
+        auto database = QSqlDatabase::addDatabase("QSQLITE", "other");
+        database.setDatabaseName(m_file);
+        QVERIFY(database.open());
+        QSqlQuery other("SELECT * FROM module", database);
+        QVERIFY(other.next());
+        QCOMPARE(status(command), Success);
+
+        QVERIFY(other.exec("BEGIN EXCLUSIVE"));
+        QElapsedTimer timer;
+        timer.start();
+        for (int i = 0; i < 60; ++i) {
+            refused("locked", command);
+        }
+        QVERIFY(timer.elapsed() < 1000);
+        QVERIFY(other.exec("COMMIT"));
+        QCOMPARE(status(command), Success);
+
+        m_core.reset();
+        QVERIFY(other.exec("BEGIN EXCLUSIVE"));
+        QVERIFY(open().contains("locked"));
+    }
+    QSqlDatabase::removeDatabase("other");
+    QCOMPARE(open(), QString());
+}
+
+// Leaves nothing behind, also where nothing can be written.
+void tst_embedded_core::readOnly()
+{
+    const auto listOf = [](const QString& store) {
+        QString error;
+        const auto core = EmbeddedCore::openReadOnly(flowWithBlob(), store, &error);
+        const auto found = core ? core->configuration(7, &error) : std::nullopt;
+        return found ? found->binaryData["IFText"] : error.toUtf8();
+    };
+    QCOMPARE(open(), QString());
+    QCOMPARE(status(setList("latest")), Success);
+    QCOMPARE(listOf(m_file), QByteArray("latest"));
+
+    const std::pair<QString, QByteArray> copies[] = {{"true", "no such store: "},
+                                                     {"cp $0/store.db kept", "0"},
+                                                     {"cp $0/store.db* kept", "latest"},
+                                                     {"cp $0/store.db kept", "latest"}};
+    for (const auto& [copy, expected] : copies) {
+        QCOMPARE(shell("chmod 755 .; mkdir kept; " + copy + "; chmod a-w kept kept/*; true"), QString());
+        const QString before = shell("ls kept");
+        {
+            const auto restore = qScopeGuard([] { QCOMPARE(seteuid(getuid()), 0); });
+            QCOMPARE(seteuid(getuid() == 0 ? 65534 : getuid()), 0);
+            const QByteArray list = listOf(m_folder.filePath("kept/store.db"));
+            QVERIFY2(list.startsWith(expected), copy.toUtf8() + ": " + list);
+        }
+        QCOMPARE(shell("ls kept; chmod u+w kept; rm -r kept"), before);
+        if (copy.contains('*')) {
+            m_core.reset();
+        }
+    }
+}
+
+// What is refused is stored by the next edit once its cause has gone.
+void tst_embedded_core::mended()
+{
+    const std::pair<QString, QString> faults[] = {
+        {"mv $0 away", "mv away $0"},
+        {"mv $0/store.db away", "mv away $0/store.db"},
+        {"cp $0/store.db new; mv $0/store.db away; mv new $0/store.db", "mv away $0/store.db"},
+        {"mv $0/store.db-wal away", "mv away $0/store.db-wal"},
+    };
+    for (const auto& [fault, mend] : faults) {
+        QCOMPARE(shell(fault), QString());
+        refused("was moved, deleted or replaced", setList("typed"));
+        QCOMPARE(shell(mend), QString());
+        QCOMPARE(status(setList(fault.toUtf8())), Success);
+        QCOMPARE(open(), QString());
+        QCOMPARE(ifText(), fault.toUtf8() + '\0');
+    }
+    QCOMPARE(shell("rm $0/store.db-wal"), QString());
+    refused("was moved, deleted or replaced", setList("typed"));
+    QCOMPARE(open(), QString());
+    QCOMPARE(status(setList("kept")), Success);
+
     rlimit limit = {};
     QCOMPARE(getrlimit(RLIMIT_FSIZE, &limit), 0);
     const rlimit small = {1 << 18, limit.rlim_max};
@@ -297,11 +483,75 @@ void tst_embedded_core::diskFull()
             std::signal(SIGXFSZ, handler);
         });
         QCOMPARE(setrlimit(RLIMIT_FSIZE, &small), 0);
-        refused("store.db failed: ", command);
+        refused("store.db failed: ", setList(mebibyte));
     }
-    QCOMPARE(ifText(), QByteArray("0\0", 2));
-    QCOMPARE(status(command), Success);
+    QCOMPARE(ifText(), QByteArray("kept\0", 5));
+    QCOMPARE(status(setList(mebibyte)), Success);
+
+    // A store that took the place is left alone, by edits and by closing.
+    QCOMPARE(shell("cp $0/store.db new; rm $0/store.db*; cp new $0/store.db"), QString());
+    refused("was moved, deleted or replaced", setList("typed"));
+    m_core.reset();
+    QCOMPARE(shell("cmp new $0/store.db; ls $0"), QString("store.db\n"));
 }
 
-QTEST_GUILESS_MAIN(tst_embedded_core)
+// Before an edit is acknowledged, all files that were written are synced, and the folder of files that came
+// or went.
+void tst_embedded_core::synced()
+{
+    m_core.reset();
+    QCOMPARE(shell("rm -r $0/*"), QString());
+    const QString folder = QDir(QFileInfo(m_file).path()).canonicalPath();
+    const QString self = QCoreApplication::applicationFilePath();
+    QProcess tracer;
+    auto environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("ASAN_OPTIONS",
+                       environment.value("ASAN_OPTIONS") + ":detect_leaks=0"); // uses ptrace too
+    tracer.setProcessEnvironment(environment);
+    tracer.start("strace", {"-o", "/dev/null", self, "-functions"});
+    if (!tracer.waitForFinished() || tracer.exitCode() != 0) {
+        QSKIP("strace is missing or can't trace this program here.");
+    }
+    const QRegularExpression call(R"((\w+)\((?:AT_FDCWD[^,]*, |\d+)?[<"]([^">]*)[">])");
+    QSet<QString> files;
+    for (const QString run : {"new", "opened again"}) {
+        tracer.start("strace", {"-f", "-y", "-o", folder + "/../trace", self, "edit", m_file});
+        tracer.closeWriteChannel();
+        QVERIFY(tracer.waitForFinished() && tracer.exitCode() == EXIT_SUCCESS);
+        QSet<QString> unsynced;
+        int acknowledged = 0;
+        for (const QString line : bytesIn(folder + "/../trace").split('\n')) {
+            const auto match = call.match(line);
+            const QString name = match.captured(1);
+            const QString file = match.captured(2);
+            if (file == "acknowledged") {
+                QVERIFY2(unsynced.isEmpty(), qPrintable(run + ": " + unsynced.values().join(", ")));
+                ++acknowledged;
+            } else if (!file.startsWith(folder) || file.endsWith("-shm") || line.contains(" = -1 ")) {
+                continue; // the index of the log is made anew when it is missing
+            } else if (name == "openat" && line.contains("O_CREAT") && !files.contains(file)) {
+                files << file;
+                unsynced << folder;
+            } else if (name.startsWith("unlink")) {
+                files.remove(file);
+                unsynced << folder;
+            } else if (name.startsWith("pwrite") || name == "write" || name == "ftruncate") {
+                unsynced << file;
+            } else if (name == "fsync" || name == "fdatasync") {
+                unsynced.remove(file);
+            }
+        }
+        QCOMPARE(acknowledged, 5);
+    }
+}
+
+int main(int argc, char** argv)
+{
+    const QCoreApplication application(argc, argv);
+    if (argc == 3 && qstrcmp(argv[1], "edit") == 0) {
+        return edit(argv[2]);
+    }
+    tst_embedded_core test;
+    return QTest::qExec(&test, argc, argv);
+}
 #include "tst_embedded_core.moc"

@@ -1,6 +1,8 @@
 #include "EmbeddedCore.h"
 
+#include "BindingSources.h"
 #include "CoreError.h"
+#include "IfModule.h"
 #include "Store.h"
 #include "SubscribeTree.h"
 
@@ -11,11 +13,6 @@
 using namespace ZelCore;
 
 namespace {
-
-CommandResult failed(const QString& message)
-{
-    return {Failed, message.toUtf8().constData()};
-}
 
 // The text of a command's field. One that fills its field may have been cut on its way here.
 template <std::size_t N>
@@ -68,18 +65,6 @@ T& checkedRecord(T* record)
     return *record;
 }
 
-// A run parameter has no type of its own; the condition's name in its key tells it.
-QStringList typesOfRunParam(const QString& key)
-{
-    QStringList numeric = {QStringLiteral("float"), QStringLiteral("int")};
-    for (const QString& type : std::as_const(numeric)) {
-        if (key.contains(type)) {
-            return {type};
-        }
-    }
-    return numeric;
-}
-
 QByteArray storedValue(const Store& store, Store::Values values, UInt moduleId, const QString& name)
 {
     const auto value = store.value(values, moduleId, name);
@@ -103,6 +88,18 @@ std::unique_ptr<EmbeddedCore> EmbeddedCore::open(Flow flow, const QString& store
     }
 }
 
+std::unique_ptr<const EmbeddedCore> EmbeddedCore::openReadOnly(Flow flow, const QString& storeFile,
+                                                               QString* error)
+{
+    try {
+        auto store = std::make_unique<Store>(storeFile);
+        return std::unique_ptr<const EmbeddedCore>(new EmbeddedCore(std::move(flow), std::move(store)));
+    } catch (const CoreError& failure) {
+        *error = failure.text();
+        return nullptr;
+    }
+}
+
 EmbeddedCore::EmbeddedCore(Flow flow, std::unique_ptr<Store> store)
     : m_flow(std::move(flow))
     , m_store(std::move(store))
@@ -118,20 +115,17 @@ QString EmbeddedCore::storeFile() const
 std::optional<ModuleConfiguration> EmbeddedCore::configuration(UInt moduleId, QString* error) const
 {
     try {
-        checkedModule(moduleId);
-        ModuleConfiguration found;
-        found.binaryData = m_store->allValues(Store::Values::BinaryData, moduleId);
-        found.runParameters = m_store->allValues(Store::Values::RunParameter, moduleId);
-        found.uiData = m_store->allValues(Store::Values::UiData, moduleId);
-        found.ios = m_store->allIos(moduleId);
-        found.bindings = m_store->allBindings(moduleId);
-        for (ModuleBinding& binding : found.bindings) {
-            UInt sourceModule = 0;
-            const FlowOutput* const source = m_flow.output(binding.source, &sourceModule);
-            binding.value = source ? source->value : QJsonValue::Null;
-            binding.column = source ? source->column : QString();
-            binding.missing = refusal(binding.target, binding.source);
-        }
+        const FlowModule& module = *m_flow.module(checkedModule(moduleId));
+        ModuleConfiguration found = m_store->configuration(moduleId);
+        // A store that is only read need not know the module yet.
+        const auto complete = [](QMap<QString, QByteArray>& values, const QMap<QString, QByteArray>& first) {
+            for (auto it = first.cbegin(); it != first.cend(); ++it) {
+                values.insert(it.key(), values.value(it.key(), it.value()));
+            }
+        };
+        complete(found.binaryData, IfModule::firstBinaryData(module));
+        complete(found.runParameters, IfModule::firstRunParameters(module));
+        BindingSources::resolve(found, m_flow);
         return found;
     } catch (const CoreError& failure) {
         *error = failure.text();
@@ -141,27 +135,14 @@ std::optional<ModuleConfiguration> EmbeddedCore::configuration(UInt moduleId, QS
 
 CommandResult EmbeddedCore::Execute(ICommand& command)
 {
-    return dispatch<AddIOCommand, SetRunParamCommand, SetBinaryDataCommand, SetUIDataCommand,
-                    DeleteUIDataCommand, SubscribeTreeQuery, BinaryDataQuery, RunParamQuery, UIDataQuery,
-                    SetFilterSourceCommand, GetFilterSourceCommand, DelFilterSourceCommand>(command);
-}
-
-template <typename... Commands>
-CommandResult EmbeddedCore::dispatch(ICommand& command)
-{
     try {
         CommandStatus status = None;
-        const auto attempt = [this, &status](auto* typed) {
-            if (typed) {
-                status = execute(*typed);
-            }
-            return typed != nullptr;
-        };
-        const bool isKnown = (attempt(dynamic_cast<Commands*>(&command)) || ...);
-        return isKnown ? CommandResult(status)
-                       : failed(tr("unknown command %1").arg(QString::fromUtf8(command.Key())));
+        if (!visitCommand(command, [this, &status](auto& typed) { status = execute(typed); })) {
+            throw CoreError(tr("unknown command %1").arg(QString::fromUtf8(command.Key())));
+        }
+        return status;
     } catch (const CoreError& failure) {
-        return failed(failure.text());
+        return {Failed, failure.what()};
     }
 }
 
@@ -170,7 +151,7 @@ CommandStatus EmbeddedCore::execute(AddIOCommand& command)
     const UInt module = checkedModule(command.ModuleID);
     const IO_INFO__& info = checkedRecord(command.IOInfo);
     const QString name = nameOf(info.ParamName);
-    const Store::Io io = {command.IoClass, textOf(info.VauleType)};
+    const ModuleIo io = {name, command.IoClass, textOf(info.VauleType), info.ExtraData};
     if (io.ioClass != Input && io.ioClass != Output) {
         throw CoreError(tr("the IO %1 is neither an input nor an output").arg(name));
     }
@@ -185,7 +166,7 @@ CommandStatus EmbeddedCore::execute(AddIOCommand& command)
         }
         return Success;
     }
-    m_store->addIo(module, name, io, info.ExtraData);
+    m_store->addIo(module, io);
     return Success;
 }
 
@@ -273,9 +254,8 @@ CommandStatus EmbeddedCore::execute(SetFilterSourceCommand& command)
         m_store->removeBinding(target);
         return Success;
     }
-    const QString refused = refusal(target, command.SubscribeName);
-    if (!refused.isEmpty()) {
-        throw CoreError(refused);
+    if (const auto refused = refusal(target, command.SubscribeName)) {
+        throw CoreError(*refused);
     }
     m_store->setBinding(target, command.SubscribeName);
     return Success;
@@ -288,7 +268,7 @@ CommandStatus EmbeddedCore::execute(GetFilterSourceCommand& command)
     if (!source) {
         return NothingChanged;
     }
-    command.SourceIsMissing = !refusal(target, *source).isEmpty();
+    command.SourceIsMissing = refusal(target, *source).has_value();
     command.SubscribeName = *source;
     return Success;
 }
@@ -323,30 +303,10 @@ FilterSourceTarget EmbeddedCore::checkedTarget(const FilterSourceTarget& target)
     return {checkedModule(target.ModuleID), target.Type, checkedName(target.Key)};
 }
 
-QString EmbeddedCore::refusal(const FilterSourceTarget& target, const QString& subscribeName) const
+std::optional<QString> EmbeddedCore::refusal(const FilterSourceTarget& target,
+                                             const QString& subscribeName) const
 {
-    QStringList types;
-    if (target.Type == SUBSCRIBE_TYPE_IO) {
-        const auto io = m_store->io(target.ModuleID, target.Key);
-        if (!io || io->ioClass != Input) {
-            return tr("module %1 has no input %2").arg(QString::number(target.ModuleID), target.Key);
-        }
-        types = io->valueType.isEmpty() ? QStringList() : QStringList(io->valueType);
-    } else {
-        types = typesOfRunParam(target.Key);
-    }
-
-    UInt sourceModule = 0;
-    const FlowOutput* const source = m_flow.output(subscribeName, &sourceModule);
-    if (!source) {
-        return tr("the flow has no value %1").arg(subscribeName);
-    }
-    if (!m_flow.isBefore(sourceModule, target.ModuleID)) {
-        return tr("%1 does not come before module %2").arg(subscribeName, QString::number(target.ModuleID));
-    }
-    if (!types.isEmpty() && !types.contains(source->type)) {
-        return tr("%1 has type %2, not %3")
-            .arg(subscribeName, source->type, types.join(QStringLiteral(", ")));
-    }
-    return {};
+    const auto io =
+        target.Type == SUBSCRIBE_TYPE_IO ? m_store->io(target.ModuleID, target.Key) : std::nullopt;
+    return BindingSources::refusal(m_flow, target, io ? &*io : nullptr, subscribeName);
 }

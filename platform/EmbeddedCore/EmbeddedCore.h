@@ -2,9 +2,8 @@
 
 #include "Flow.h"
 #include "ModuleConfiguration.h"
-#include "ZelCommon/FilterSourceCommands.h"
+#include "ZelCommon/Catalogue.h"
 #include "ZelCommon/SynchronousService.h"
-#include "core_client/core_client.h"
 
 #include <QCoreApplication>
 
@@ -23,6 +22,10 @@ class EmbeddedCore : public ZelCore::SynchronousService
 public:
     /// Null, and a sentence in error that names the file, when the store can't be opened.
     static std::unique_ptr<EmbeddedCore> open(Flow flow, const QString& storeFile, QString* error);
+    /// The same for reading only: never creates a file, and reads a store that another program edits or
+    /// that lies in a folder that can't be written. Null, and "no such store", when there is none.
+    static std::unique_ptr<const EmbeddedCore> openReadOnly(Flow flow, const QString& storeFile,
+                                                            QString* error);
     ~EmbeddedCore() override;
 
     const Flow& flow() const { return m_flow; }
@@ -36,27 +39,17 @@ public:
     ZelCore::CommandResult Execute(ZelCore::ICommand& command) override;
 
 private:
-    using SubscribeTreeQuery =
-        ZelCore::QueryCommand<ZelCore::SUBSCRIBE_CONDITION__, ZelCore::SUBSCRIBE_TREE__>;
-    using BinaryDataQuery = ZelCore::QueryCommand<ZelCore::BINARY_DATA_CONDITION__, ZelCore::BINARY_DATA__>;
-    using RunParamQuery = ZelCore::QueryCommand<ZelCore::RUN_PARAM_CONDITION__, KADO_MODULE_PARAM__>;
-    using UIDataQuery =
-        ZelCore::QueryCommand<ZelCore::UI_OBJECT_PARAM_INFO_CONDITION__, ZelCore::UI_OBJECT_PARAM_INFO__>;
-
     EmbeddedCore(Flow flow, std::unique_ptr<Store> store);
-
-    template <typename... Commands>
-    ZelCore::CommandResult dispatch(ZelCore::ICommand& command);
 
     ZelCore::CommandStatus execute(ZelCore::AddIOCommand& command);
     ZelCore::CommandStatus execute(ZelCore::SetRunParamCommand& command);
     ZelCore::CommandStatus execute(ZelCore::SetBinaryDataCommand& command);
     ZelCore::CommandStatus execute(ZelCore::SetUIDataCommand& command);
     ZelCore::CommandStatus execute(ZelCore::DeleteUIDataCommand& command);
-    ZelCore::CommandStatus execute(SubscribeTreeQuery& command);
-    ZelCore::CommandStatus execute(BinaryDataQuery& command);
-    ZelCore::CommandStatus execute(RunParamQuery& command);
-    ZelCore::CommandStatus execute(UIDataQuery& command);
+    ZelCore::CommandStatus execute(ZelCore::SubscribeTreeQuery& command);
+    ZelCore::CommandStatus execute(ZelCore::BinaryDataQuery& command);
+    ZelCore::CommandStatus execute(ZelCore::RunParamQuery& command);
+    ZelCore::CommandStatus execute(ZelCore::UIDataQuery& command);
     ZelCore::CommandStatus execute(ZelCore::SetFilterSourceCommand& command);
     ZelCore::CommandStatus execute(ZelCore::GetFilterSourceCommand& command);
     ZelCore::CommandStatus execute(ZelCore::DelFilterSourceCommand& command);
@@ -64,8 +57,9 @@ private:
     /// The id, or the target, once it is known to be sound; throw CoreError otherwise.
     ZelCore::UInt checkedModule(ZelCore::UInt id) const;
     ZelCore::FilterSourceTarget checkedTarget(const ZelCore::FilterSourceTarget& target) const;
-    /// Why the source can't feed the target, empty when it can.
-    QString refusal(const ZelCore::FilterSourceTarget& target, const QString& subscribeName) const;
+    /// Why the source can't feed the target; nothing when it can.
+    std::optional<QString> refusal(const ZelCore::FilterSourceTarget& target,
+                                   const QString& subscribeName) const;
 
     Flow m_flow;
     std::unique_ptr<Store> m_store;

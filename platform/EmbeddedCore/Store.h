@@ -1,12 +1,14 @@
 #pragma once
 
+#include "CoreError.h"
 #include "Flow.h"
 #include "ModuleConfiguration.h"
+#include "StoreFile.h"
 #include "ZelCommon/FilterSourceCommands.h"
 #include "core_client/Records.h"
 
 #include <QCoreApplication>
-#include <QFile>
+#include <QElapsedTimer>
 #include <QSqlDatabase>
 #include <QVariantList>
 
@@ -15,10 +17,12 @@
 class QSqlQuery;
 
 /// The durable store of the core: one SQLite file, one transaction a change, on disk when the change
-/// returns. The file belongs to one store at a time, which holds the lock file beside it and lets go of
-/// it even when its process is killed; other programs may read the store meanwhile.
+/// returns. It is edited by one store at a time; other programs may read it meanwhile. A closed store is
+/// the file alone; while it is open, the latest changes are in the log beside it.
 ///
 /// Every operation throws CoreError when the file can't be read or written; the file is then as before.
+/// An operation waits half a second at most for another program's lock, and not at all within a second
+/// after one was refused for it: an action of many commands waits once.
 class Store
 {
     Q_DECLARE_TR_FUNCTIONS(Store)
@@ -27,18 +31,19 @@ public:
     /// What a module has by name.
     enum class Values { BinaryData, RunParameter, UiData };
 
-    struct Io
-    {
-        ZelCore::IOClass ioClass = ZelCore::Unknown;
-        QString valueType;
-    };
+    /// No value of more bytes is read or written, and no more rows of one module are read at once.
+    static constexpr int longestValue = 1 << 20;
+    static constexpr int mostRows = 100'000;
 
-    /// Opens or makes the file, and gives every module of the flow that is new to it its first values.
+    /// Opens or makes the file for editing, and gives every module of the flow that is new to it its first
+    /// values.
     Store(const QString& file, const Flow& flow);
+    /// Opens the file for reading only: creates none, and disturbs nobody who has it open.
+    explicit Store(const QString& file);
     ~Store();
     Q_DISABLE_COPY(Store)
 
-    QString file() const { return m_file; }
+    QString file() const { return m_file.name(); }
 
     /// The value must not be null: an empty one is a QString or QByteArray of its own.
     void setValue(Values values, ZelCore::UInt moduleId, const QString& name, const QVariant& value);
@@ -46,34 +51,38 @@ public:
     /// Whether there was one.
     bool removeValue(Values values, ZelCore::UInt moduleId, const QString& name);
 
-    QMap<QString, QByteArray> allValues(Values values, ZelCore::UInt moduleId) const;
-
-    void addIo(ZelCore::UInt moduleId, const QString& name, const Io& io,
-               const ZelCore::IO_EXTRA_DATA__& flags);
-    std::optional<Io> io(ZelCore::UInt moduleId, const QString& name) const;
-
-    QVector<ModuleIo> allIos(ZelCore::UInt moduleId) const;
+    void addIo(ZelCore::UInt moduleId, const ModuleIo& io);
+    std::optional<ModuleIo> io(ZelCore::UInt moduleId, const QString& name) const;
 
     void setBinding(const ZelCore::FilterSourceTarget& target, const QString& source);
     std::optional<QString> binding(const ZelCore::FilterSourceTarget& target) const;
     /// Whether there was one.
     bool removeBinding(const ZelCore::FilterSourceTarget& target);
-    /// With target and source; what the flow has for them is not the store's to know.
-    QVector<ModuleBinding> allBindings(ZelCore::UInt moduleId) const;
+
+    /// All of a module at one moment; what the flow has for its bindings is not the store's to know.
+    ModuleConfiguration configuration(ZelCore::UInt moduleId) const;
 
 private:
-    explicit Store(const QString& file);
+    Store(const QString& file, StoreFile::Use use);
 
     void open();
-    void checkContent();
+    void checkContent() const;
     void createTables();
     void registerModules(const Flow& flow);
 
+    /// Changes one row, or none where fewest is 0, in a transaction of its own; whether there was one.
+    bool change(const QString& statement, const QVariantList& values, int fewest);
     QSqlQuery run(const QString& statement, const QVariantList& values = {}) const;
+    template <typename Row>
+    void forEachRow(const QString& statement, ZelCore::UInt moduleId, const Row& row) const;
+    QByteArray valueOf(const QSqlQuery& query, ZelCore::UInt moduleId) const;
+    static CoreError tooLarge(ZelCore::UInt moduleId, const QString& name, int length);
     QVariant pragma(const QString& name) const;
+    void setPatience(int milliseconds) const;
 
-    QString m_file;
-    QFile m_lock;
+    StoreFile m_file;
     QString m_connectionName;
     QSqlDatabase m_database;
+    /// Since a command was refused for another program's lock; invalid when it is long ago.
+    mutable QElapsedTimer m_refused;
 };

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <QByteArray>
+#include <QCoreApplication>
+#include <QString>
+
+#include <optional>
+#include <utility>
+
+#include <sys/types.h>
+
+/// The file of a store as the system knows it: by device and inode, whatever path leads to it. One object of
+/// all programs holds it for editing at a time; a process that is killed lets go of it. Must outlive every
+/// SQLite connection to the file: closing a descriptor drops the locks that SQLite holds in this process.
+class StoreFile
+{
+    Q_DECLARE_TR_FUNCTIONS(StoreFile)
+
+public:
+    enum Use { Read, Edit };
+
+    /// Creates the file for editing when there is none. Throws CoreError when the name is not the path to a
+    /// file, when there is nothing to read and when another program or store has the file.
+    StoreFile(const QString& name, Use use);
+    ~StoreFile();
+    Q_DISABLE_COPY(StoreFile)
+
+    QString name() const { return m_name; }
+    Use use() const { return m_use; }
+    /// What SQLite is to open.
+    QString url() const;
+
+    /// To be called once the write-ahead log exists.
+    void noteLog() { m_log = identityOf(m_path + "-wal"); }
+    /// False when the file or its log was deleted, moved or replaced: what is written then is lost.
+    bool isInPlace() const;
+
+private:
+    using Identity = std::pair<dev_t, ino_t>;
+
+    struct Delegated
+    {};
+    StoreFile(const QString& name, Use use, Delegated);
+
+    static std::optional<Identity> identityOf(const QByteArray& path);
+    bool lock(short type) const;
+
+    QString m_name;
+    Use m_use;
+    QByteArray m_path;
+    int m_descriptor = -1;
+    bool m_isHeld = false;
+    QByteArray m_parameters;
+    std::optional<Identity> m_identity;
+    std::optional<Identity> m_log;
+};
