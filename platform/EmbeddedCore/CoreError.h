@@ -14,3 +14,10 @@ public:
 
     QString text() const { return QString::fromUtf8(what()); }
 };
+
+inline void require(bool condition, const QString& refusal)
+{
+    if (!condition) {
+        throw CoreError(refusal);
+    }
+}

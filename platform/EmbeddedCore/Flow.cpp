@@ -19,56 +19,75 @@ constexpr int longestName = 127;
 constexpr int longestSubscribeName = 255;
 constexpr int deepestNesting = 64;
 
-// The readers below throw CoreError with the place of what they did not expect.
-
-[[noreturn]] void expect(const QString& place, const QString& what)
+/// A value of the file and where it stands. What reads it throws CoreError, with the place, when it is
+/// something else.
+struct Node
 {
-    throw CoreError(Flow::tr("%1: expected %2").arg(place, what));
-}
+    QJsonValue value;
+    QString place;
 
-QJsonObject objectOf(const QJsonValue& value, const QString& place)
-{
-    if (!value.isObject()) {
-        expect(place, Flow::tr("an object"));
+    [[noreturn]] void expect(const QString& what) const
+    {
+        throw CoreError(Flow::tr("%1: expected %2").arg(place, what));
     }
-    return value.toObject();
-}
 
-QJsonArray arrayOf(const QJsonValue& value, const QString& place)
-{
-    if (!value.isArray()) {
-        expect(place, Flow::tr("a list"));
-    }
-    return value.toArray();
-}
+    bool has(const QString& key) const { return value.toObject().contains(key); }
 
-QString textOf(const QJsonValue& value, const QString& place)
-{
-    if (value.toString().isEmpty()) {
-        expect(place, Flow::tr("a text that is not empty"));
-    }
-    return value.toString();
-}
+    Node member(const QString& key) const { return {value.toObject().value(key), place + '.' + key}; }
 
-QString nameOf(const QJsonObject& object, const QString& ownerPlace)
-{
-    const QString place = ownerPlace + QStringLiteral(".name");
-    QString name = textOf(object.value(QStringLiteral("name")), place);
-    if (name.toUtf8().size() > longestName) {
-        expect(place, Flow::tr("at most %1 bytes of UTF-8").arg(longestName));
+    // A key that is misspelt would be a value that is missing.
+    void checkObject(const QStringList& keys) const
+    {
+        if (!value.isObject()) {
+            expect(Flow::tr("an object"));
+        }
+        for (const QString& key : value.toObject().keys()) {
+            if (!keys.contains(key)) {
+                throw CoreError(
+                    Flow::tr("%1: unknown key \"%2\", expected %3").arg(place, key, keys.join(", ")));
+            }
+        }
     }
-    return name;
-}
+
+    QVector<Node> items() const
+    {
+        if (!value.isArray()) {
+            expect(Flow::tr("a list"));
+        }
+        QVector<Node> items;
+        for (const QJsonValue item : value.toArray()) {
+            items.append({item, QString("%1[%2]").arg(place).arg(items.size())});
+        }
+        return items;
+    }
+
+    QString text() const
+    {
+        if (value.toString().isEmpty()) {
+            expect(Flow::tr("a text that is not empty"));
+        }
+        return value.toString();
+    }
+
+    QString name() const
+    {
+        QString name = member("name").text();
+        if (name.toUtf8().size() > longestName) {
+            member("name").expect(Flow::tr("at most %1 bytes of UTF-8").arg(longestName));
+        }
+        return name;
+    }
+};
 
 bool isValueOf(const QString& type, const QJsonValue& value)
 {
-    if (type == QLatin1String("string")) {
+    if (type == "string") {
         return value.isString();
     }
-    if (type == QLatin1String("bool")) {
+    if (type == "bool") {
         return value.isBool();
     }
-    if (type == QLatin1String("float")) {
+    if (type == "float") {
         return value.isDouble();
     }
     const double number = value.toDouble();
@@ -77,81 +96,73 @@ bool isValueOf(const QString& type, const QJsonValue& value)
 }
 
 // Type, sample and column of an output that is no group.
-void readValue(FlowOutput& output, const QJsonObject& object, const QString& place)
+void readValue(FlowOutput& output, const Node& node)
 {
-    output.type = object.value(QStringLiteral("type")).toString();
+    output.type = node.member("type").value.toString();
     if (!QStringList{"int", "float", "string", "bool"}.contains(output.type)) {
-        expect(place + QStringLiteral(".type"),
-               Flow::tr(R"("int", "float", "string" or "bool", or outputs)"));
+        node.member("type").expect(Flow::tr(R"("int", "float", "string" or "bool", or outputs)"));
     }
-    if (object.contains(QStringLiteral("value"))) {
-        output.value = object.value(QStringLiteral("value"));
+    if (node.has("value")) {
+        output.value = node.member("value").value;
         if (!isValueOf(output.type, output.value)) {
-            expect(place + QStringLiteral(".value"), Flow::tr("a value of type \"%1\"").arg(output.type));
+            node.member("value").expect(Flow::tr("a value of type \"%1\"").arg(output.type));
         }
     }
-    if (object.contains(QStringLiteral("column"))) {
-        output.column = textOf(object.value(QStringLiteral("column")), place + QStringLiteral(".column"));
+    if (node.has("column")) {
+        output.column = node.member("column").text();
     }
     if (output.subscribeName.toUtf8().size() > longestSubscribeName) {
-        expect(place,
-               Flow::tr("names that together stay within %1 bytes of UTF-8").arg(longestSubscribeName));
+        node.expect(Flow::tr("names that together stay within %1 bytes of UTF-8").arg(longestSubscribeName));
     }
 }
 
-// The outputs of an object that may have some; path is the subscribe text that leads to it.
-QVector<FlowOutput> outputsOf(const QJsonObject& owner, const QString& ownerPlace, const QString& path,
-                              int level = 1)
+// path is the subscribe text that leads to the outputs.
+QVector<FlowOutput> outputsOf(const Node& node, const QString& path, int level = 1)
 {
-    const QString place = ownerPlace + QStringLiteral(".outputs");
     if (level > deepestNesting) {
-        expect(place, Flow::tr("at most %1 levels of outputs").arg(deepestNesting));
+        node.expect(Flow::tr("at most %1 levels of outputs").arg(deepestNesting));
     }
     QVector<FlowOutput> outputs;
     QSet<QString> names;
-    const QJsonArray array = arrayOf(owner.value(QStringLiteral("outputs")), place);
-    for (int i = 0; i < array.size(); ++i) {
-        const QString itemPlace = QStringLiteral("%1[%2]").arg(place).arg(i);
-        const QJsonObject object = objectOf(array[i], itemPlace);
+    for (const Node& item : node.items()) {
+        const bool isGroup = item.has("outputs");
+        item.checkObject(isGroup ? QStringList{"name", "outputs"}
+                                 : QStringList{"name", "type", "value", "column"});
         FlowOutput output;
-        output.name = nameOf(object, itemPlace);
-        if (output.name.contains(QLatin1Char('.')) || names.contains(output.name)) {
-            expect(itemPlace + QStringLiteral(".name"),
-                   Flow::tr("a name without \".\" that no output beside it has"));
+        output.name = item.name();
+        if (output.name.contains('.') || names.contains(output.name)) {
+            item.member("name").expect(Flow::tr("a name without \".\" that no output beside it has"));
         }
-        names.insert(output.name);
-        const QString outputPath = path + QLatin1Char('.') + output.name;
-        if (object.contains(QStringLiteral("outputs"))) {
-            output.children = outputsOf(object, itemPlace, outputPath, level + 1);
+        names << output.name;
+        const QString outputPath = path + '.' + output.name;
+        if (isGroup) {
+            output.children = outputsOf(item.member("outputs"), outputPath, level + 1);
         } else {
             output.subscribeName = outputPath;
-            readValue(output, object, itemPlace);
+            readValue(output, item);
         }
         outputs << output;
     }
     return outputs;
 }
 
-QVector<FlowModule> modulesOf(const QJsonValue& value)
+QVector<FlowModule> modulesOf(const Node& node)
 {
     QVector<FlowModule> modules;
     QSet<ZelCore::UInt> ids;
-    const QJsonArray array = arrayOf(value, QStringLiteral("modules"));
-    for (int i = 0; i < array.size(); ++i) {
-        const QString place = QStringLiteral("modules[%1]").arg(i);
-        const QJsonObject object = objectOf(array[i], place);
-        const QJsonValue id = object.value(QStringLiteral("id"));
+    for (const Node& item : node.items()) {
+        item.checkObject({"id", "name", "kind", "outputs"});
+        const Node id = item.member("id");
         FlowModule module;
-        module.id = static_cast<ZelCore::UInt>(id.toInt());
-        if (!isValueOf(QStringLiteral("int"), id) || id.toInt() < 1 || ids.contains(module.id)) {
-            expect(place + QStringLiteral(".id"),
-                   Flow::tr("a whole number from 1 to 2147483647 that no other module has"));
+        module.id = static_cast<ZelCore::UInt>(id.value.toInt());
+        if (!isValueOf("int", id.value) || id.value.toInt() < 1 || ids.contains(module.id)) {
+            id.expect(Flow::tr("a whole number from 1 to 2147483647 that no other module has"));
         }
-        ids.insert(module.id);
-        module.name = nameOf(object, place);
-        module.kind = textOf(object.value(QStringLiteral("kind")), place + QStringLiteral(".kind"));
-        if (object.contains(QStringLiteral("outputs"))) {
-            module.outputs = outputsOf(object, place, QString::number(module.id));
+        ids << module.id;
+        module.name = item.name();
+        module.kind = item.member("kind").text();
+        if (item.has("outputs")) {
+            module.outputs = outputsOf(item.member("outputs"), QString::number(module.id));
         }
         modules << module;
     }
@@ -171,7 +182,8 @@ QJsonValue parsed(const QByteArray& bytes)
     const QJsonDocument document = QJsonDocument::fromJson(bytes, &error);
     if (error.error != QJsonParseError::NoError) {
         // The parser mostly stops one byte behind what it did not expect.
-        expect(placeOf(bytes, std::max(error.offset - 1, 0)), Flow::tr("JSON (%1)").arg(error.errorString()));
+        const QString place = placeOf(bytes, std::max(error.offset - 1, 0));
+        Node{{}, place}.expect(Flow::tr("JSON (%1)").arg(error.errorString()));
     }
     return document.isObject() ? QJsonValue(document.object()) : QJsonValue(document.array());
 }
@@ -182,13 +194,12 @@ std::optional<Flow> Flow::load(const QString& file, QString* error)
 {
     try {
         QFile source(file);
-        if (!source.open(QIODevice::ReadOnly)) {
-            throw CoreError(source.errorString());
-        }
-        const QJsonObject root = objectOf(parsed(source.readAll()), tr("the whole file"));
+        require(source.open(QIODevice::ReadOnly), source.errorString());
+        const QJsonValue root = parsed(source.readAll());
+        Node{root, tr("the whole file")}.checkObject({"name", "modules"});
         Flow flow;
-        flow.m_name = textOf(root.value(QStringLiteral("name")), QStringLiteral("name"));
-        flow.m_modules = modulesOf(root.value(QStringLiteral("modules")));
+        flow.m_name = Node{root.toObject()["name"], "name"}.text();
+        flow.m_modules = modulesOf({root.toObject()["modules"], "modules"});
         return flow;
     } catch (const CoreError& failure) {
         *error = tr("%1: %2").arg(file, failure.text());
