@@ -19,18 +19,15 @@ template <std::size_t N>
 QString textOf(const char (&field)[N])
 {
     const auto text = TextOf(field);
-    if (text.size() >= N - 1) {
-        throw CoreError(EmbeddedCore::tr("%1 is too long: at most %2 bytes")
-                            .arg(ToQString(text), QString::number(N - 2)));
-    }
+    require(
+        text.size() < N - 1,
+        EmbeddedCore::tr("%1 is too long: at most %2 bytes").arg(ToQString(text), QString::number(N - 2)));
     return ToQString(text);
 }
 
 QString checkedName(const QString& name)
 {
-    if (name.isEmpty()) {
-        throw CoreError(EmbeddedCore::tr("the name is empty"));
-    }
+    require(!name.isEmpty(), EmbeddedCore::tr("the name is empty"));
     return name;
 }
 
@@ -42,9 +39,8 @@ QString nameOf(const char (&field)[N])
 
 QByteArray bytesOf(const char* data, UInt length)
 {
-    if (length > std::numeric_limits<int>::max() || (length > 0 && !data)) {
-        throw CoreError(EmbeddedCore::tr("the command carries no data, or too much"));
-    }
+    require(length <= std::numeric_limits<int>::max() && (length == 0 || data),
+            EmbeddedCore::tr("the command carries no data, or too much"));
     // Not null, for the store, even when it is empty.
     return length == 0 ? QByteArray("") : QByteArray(data, static_cast<int>(length));
 }
@@ -59,19 +55,27 @@ void give(const QByteArray& bytes, ZEL_VALUE_CONTAINER__<char>& record)
 template <typename T>
 T& checkedRecord(T* record)
 {
-    if (!record) {
-        throw CoreError(EmbeddedCore::tr("the command carries no record"));
-    }
+    require(record != nullptr, EmbeddedCore::tr("the command carries no record"));
     return *record;
+}
+
+// What the function returns, or nothing and what was thrown in error.
+template <typename Function>
+auto attempt(QString* error, const Function& function) -> decltype(function())
+{
+    try {
+        return function();
+    } catch (const CoreError& failure) {
+        *error = failure.text();
+        return {};
+    }
 }
 
 QByteArray storedValue(const Store& store, Store::Values values, UInt moduleId, const QString& name)
 {
     const auto value = store.value(values, moduleId, name);
-    if (!value) {
-        throw CoreError(
+    require(value.has_value(),
             EmbeddedCore::tr("module %1 has no parameter %2").arg(QString::number(moduleId), name));
-    }
     return *value;
 }
 
@@ -79,25 +83,19 @@ QByteArray storedValue(const Store& store, Store::Values values, UInt moduleId, 
 
 std::unique_ptr<EmbeddedCore> EmbeddedCore::open(Flow flow, const QString& storeFile, QString* error)
 {
-    try {
+    return attempt(error, [&] {
         auto store = std::make_unique<Store>(storeFile, flow);
         return std::unique_ptr<EmbeddedCore>(new EmbeddedCore(std::move(flow), std::move(store)));
-    } catch (const CoreError& failure) {
-        *error = failure.text();
-        return nullptr;
-    }
+    });
 }
 
 std::unique_ptr<const EmbeddedCore> EmbeddedCore::openReadOnly(Flow flow, const QString& storeFile,
                                                                QString* error)
 {
-    try {
+    return attempt(error, [&] {
         auto store = std::make_unique<Store>(storeFile);
         return std::unique_ptr<const EmbeddedCore>(new EmbeddedCore(std::move(flow), std::move(store)));
-    } catch (const CoreError& failure) {
-        *error = failure.text();
-        return nullptr;
-    }
+    });
 }
 
 EmbeddedCore::EmbeddedCore(Flow flow, std::unique_ptr<Store> store)
@@ -114,23 +112,11 @@ QString EmbeddedCore::storeFile() const
 
 std::optional<ModuleConfiguration> EmbeddedCore::configuration(UInt moduleId, QString* error) const
 {
-    try {
-        const FlowModule& module = *m_flow.module(checkedModule(moduleId));
-        ModuleConfiguration found = m_store->configuration(moduleId);
-        // A store that is only read need not know the module yet.
-        const auto complete = [](QMap<QString, QByteArray>& values, const QMap<QString, QByteArray>& first) {
-            for (auto it = first.cbegin(); it != first.cend(); ++it) {
-                values.insert(it.key(), values.value(it.key(), it.value()));
-            }
-        };
-        complete(found.binaryData, IfModule::firstBinaryData(module));
-        complete(found.runParameters, IfModule::firstRunParameters(module));
-        BindingSources::resolve(found, m_flow);
+    return attempt(error, [&] {
+        auto found = std::optional(m_store->configuration(*m_flow.module(checkedModule(moduleId))));
+        BindingSources::resolve(*found, m_flow);
         return found;
-    } catch (const CoreError& failure) {
-        *error = failure.text();
-        return std::nullopt;
-    }
+    });
 }
 
 CommandResult EmbeddedCore::Execute(ICommand& command)
@@ -152,18 +138,13 @@ CommandStatus EmbeddedCore::execute(AddIOCommand& command)
     const IO_INFO__& info = checkedRecord(command.IOInfo);
     const QString name = nameOf(info.ParamName);
     const ModuleIo io = {name, command.IoClass, textOf(info.VauleType), info.ExtraData};
-    if (io.ioClass != Input && io.ioClass != Output) {
-        throw CoreError(tr("the IO %1 is neither an input nor an output").arg(name));
-    }
-    if (info.Num() != 0) {
-        throw CoreError(tr("the IO %1 has sub-items, which are not kept").arg(name));
-    }
+    require(io.ioClass == Input || io.ioClass == Output,
+            tr("the IO %1 is neither an input nor an output").arg(name));
+    require(info.Num() == 0, tr("the IO %1 has sub-items, which are not kept").arg(name));
     if (const auto present = m_store->io(module, name)) {
         // A condition that was deleted leaves its IOs; its name may be used again.
-        if (present->ioClass != io.ioClass || present->valueType != io.valueType) {
-            throw CoreError(
+        require(present->ioClass == io.ioClass && present->valueType == io.valueType,
                 tr("module %1 has the IO %2 with another class or type").arg(QString::number(module), name));
-        }
         return Success;
     }
     m_store->addIo(module, io);
@@ -289,17 +270,14 @@ CommandStatus EmbeddedCore::execute(DelFilterSourceCommand& command)
 
 UInt EmbeddedCore::checkedModule(UInt id) const
 {
-    if (!m_flow.module(id)) {
-        throw CoreError(tr("the flow has no module %1").arg(id));
-    }
+    require(m_flow.module(id) != nullptr, tr("the flow has no module %1").arg(id));
     return id;
 }
 
 FilterSourceTarget EmbeddedCore::checkedTarget(const FilterSourceTarget& target) const
 {
-    if (target.Type != SUBSCRIBE_TYPE_IO && target.Type != SUBSCRIBE_TYPE_RUNPARAM) {
-        throw CoreError(tr("%1 is neither an IO nor a run parameter").arg(target.Key));
-    }
+    require(target.Type == SUBSCRIBE_TYPE_IO || target.Type == SUBSCRIBE_TYPE_RUNPARAM,
+            tr("%1 is neither an IO nor a run parameter").arg(target.Key));
     return {checkedModule(target.ModuleID), target.Type, checkedName(target.Key)};
 }
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "CoreError.h"
 #include "Flow.h"
 #include "ModuleConfiguration.h"
 #include "StoreFile.h"
@@ -60,7 +59,7 @@ public:
     bool removeBinding(const ZelCore::FilterSourceTarget& target);
 
     /// All of a module at one moment; what the flow has for its bindings is not the store's to know.
-    ModuleConfiguration configuration(ZelCore::UInt moduleId) const;
+    ModuleConfiguration configuration(const FlowModule& module) const;
 
 private:
     Store(const QString& file, StoreFile::Use use);
@@ -73,10 +72,8 @@ private:
     /// Changes one row, or none where fewest is 0, in a transaction of its own; whether there was one.
     bool change(const QString& statement, const QVariantList& values, int fewest);
     QSqlQuery run(const QString& statement, const QVariantList& values = {}) const;
-    template <typename Row>
-    void forEachRow(const QString& statement, ZelCore::UInt moduleId, const Row& row) const;
-    QByteArray valueOf(const QSqlQuery& query, ZelCore::UInt moduleId) const;
-    static CoreError tooLarge(ZelCore::UInt moduleId, const QString& name, int length);
+    static QByteArray valueOf(const QSqlQuery& query, ZelCore::UInt moduleId);
+    static void checkLength(ZelCore::UInt moduleId, const QString& name, int length);
     QVariant pragma(const QString& name) const;
     void setPatience(int milliseconds) const;
 

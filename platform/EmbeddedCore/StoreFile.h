@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QCoreApplication>
+#include <QFile>
 #include <QString>
 
 #include <optional>
@@ -10,7 +11,7 @@
 #include <sys/types.h>
 
 /// The file of a store as the system knows it: by device and inode, whatever path leads to it. One object of
-/// all programs holds it for editing at a time; a process that is killed lets go of it. Must outlive every
+/// all programs holds it for editing at a time; a process that is killed releases it. Must outlive every
 /// SQLite connection to the file: closing a descriptor drops the locks that SQLite holds in this process.
 class StoreFile
 {
@@ -20,7 +21,7 @@ public:
     enum Use { Read, Edit };
 
     /// Creates the file for editing when there is none. Throws CoreError when the name is not the path to a
-    /// file, when there is nothing to read and when another program or store has the file.
+    /// file, when there is nothing to read and when the file is held for editing already.
     StoreFile(const QString& name, Use use);
     ~StoreFile();
     Q_DISABLE_COPY(StoreFile)
@@ -28,7 +29,10 @@ public:
     QString name() const { return m_name; }
     Use use() const { return m_use; }
     /// What SQLite is to open.
-    QString url() const;
+    QString url() const
+    {
+        return QString::fromLatin1("file:" + m_path.toPercentEncoding("/") + m_parameters);
+    }
 
     /// To be called once the write-ahead log exists.
     void noteLog() { m_log = identityOf(m_path + "-wal"); }
@@ -38,19 +42,14 @@ public:
 private:
     using Identity = std::pair<dev_t, ino_t>;
 
-    struct Delegated
-    {};
-    StoreFile(const QString& name, Use use, Delegated);
-
     static std::optional<Identity> identityOf(const QByteArray& path);
     bool lock(short type) const;
 
     QString m_name;
     Use m_use;
     QByteArray m_path;
-    int m_descriptor = -1;
-    bool m_isHeld = false;
     QByteArray m_parameters;
+    QFile m_file;
     std::optional<Identity> m_identity;
     std::optional<Identity> m_log;
 };

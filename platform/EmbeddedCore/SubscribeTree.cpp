@@ -1,41 +1,35 @@
 #include "SubscribeTree.h"
 
 #include <algorithm>
-#include <vector>
+#include <iterator>
 
 using namespace ZelCore;
 
 namespace {
 
-/// An output that is offered, or a group of such.
-struct Offer
+bool isOffered(const FlowOutput& output, const QStringList& types)
 {
-    const FlowOutput* output;
-    std::vector<Offer> children;
-};
-
-std::vector<Offer> offersOf(const QVector<FlowOutput>& outputs, const QStringList& types)
-{
-    std::vector<Offer> offers;
-    for (const FlowOutput& output : outputs) {
-        Offer offer = {&output, offersOf(output.children, types)};
-        if (output.isGroup() ? !offer.children.empty() : types.isEmpty() || types.contains(output.type)) {
-            offers.push_back(std::move(offer));
-        }
-    }
-    return offers;
+    const QVector<FlowOutput>& children = output.children;
+    return output.isGroup()
+               ? std::any_of(children.cbegin(), children.cend(),
+                             [&types](const FlowOutput& child) { return isOffered(child, types); })
+               : types.isEmpty() || types.contains(output.type);
 }
 
 // Fills records where they lie: copies of them are deep.
-void fill(ZEL_VALUE_CONTAINER__<SUBSCRIBE_NODE__>& list, UInt moduleId, const std::vector<Offer>& offers)
+void fill(ZEL_VALUE_CONTAINER__<SUBSCRIBE_NODE__>& list, UInt moduleId, const QVector<FlowOutput>& outputs,
+          const QStringList& types)
 {
-    list.CreateList(static_cast<UInt>(offers.size()));
+    QVector<FlowOutput> offered;
+    std::copy_if(outputs.cbegin(), outputs.cend(), std::back_inserter(offered),
+                 [&types](const FlowOutput& output) { return isOffered(output, types); });
+    list.CreateList(static_cast<UInt>(offered.size()));
     SUBSCRIBE_NODE__* node = list.Items();
-    for (const auto& [output, children] : offers) {
+    for (const FlowOutput& output : qAsConst(offered)) {
         node->ModuleID = moduleId;
-        FillText(node->NodeName, output->name.toUtf8().constData());
-        FillText(node->SubscribeName, output->subscribeName.toUtf8().constData());
-        fill(*node++, moduleId, children);
+        FillText(node->NodeName, output.name.toUtf8().constData());
+        FillText(node->SubscribeName, output.subscribeName.toUtf8().constData());
+        fill(*node++, moduleId, output.children, types);
     }
 }
 
@@ -56,14 +50,12 @@ bool SubscribeTree::isRange(int range)
 SUBSCRIBE_TREE__ SubscribeTree::build(const Flow& flow, UInt moduleId, SUBSCRIBE_RANGE range,
                                       const QStringList& types)
 {
-    std::vector<std::pair<const FlowModule*, std::vector<Offer>>> offering;
+    QVector<const FlowModule*> offering;
     for (const FlowModule& module : flow.modules()) {
         const bool isCurrent = module.id == moduleId;
-        if (includes(range, isCurrent ? CurModule : PreModules)) {
-            auto offers = offersOf(module.outputs, types);
-            if (!offers.empty()) {
-                offering.emplace_back(&module, std::move(offers));
-            }
+        if (includes(range, isCurrent ? CurModule : PreModules) &&
+            isOffered({{}, {}, {}, {}, {}, module.outputs}, types)) {
+            offering << &module;
         }
         if (isCurrent) {
             break;
@@ -73,10 +65,10 @@ SUBSCRIBE_TREE__ SubscribeTree::build(const Flow& flow, UInt moduleId, SUBSCRIBE
     SUBSCRIBE_TREE__ tree;
     tree.CreateList(static_cast<UInt>(offering.size()));
     SUBSCRIBE_NODE__* node = tree.Items();
-    for (const auto& [module, offers] : offering) {
+    for (const FlowModule* const module : qAsConst(offering)) {
         node->ModuleID = module->id;
         FillText(node->NodeName, module->name.toUtf8().constData());
-        fill(*node++, module->id, offers);
+        fill(*node++, module->id, module->outputs, types);
     }
     return tree;
 }

@@ -23,12 +23,11 @@ struct FilterSourceTarget
 class FilterSourceCommand : public Command
 {
 public:
-    const FilterSourceTarget Target;
-
-protected:
     explicit FilterSourceCommand(FilterSourceTarget target)
         : Target(std::move(target))
     {}
+
+    const FilterSourceTarget Target;
 };
 
 /// Binds the target to the source with this subscribe text, in place of any other; an empty text
@@ -50,9 +49,7 @@ public:
 class GetFilterSourceCommand : public FilterSourceCommand
 {
 public:
-    explicit GetFilterSourceCommand(FilterSourceTarget target)
-        : FilterSourceCommand(std::move(target))
-    {}
+    using FilterSourceCommand::FilterSourceCommand;
     const char* Key() override { return "GetFilterSource"; }
 
     QString SubscribeName;
@@ -65,9 +62,7 @@ public:
 class DelFilterSourceCommand : public FilterSourceCommand
 {
 public:
-    explicit DelFilterSourceCommand(FilterSourceTarget target)
-        : FilterSourceCommand(std::move(target))
-    {}
+    using FilterSourceCommand::FilterSourceCommand;
     const char* Key() override { return "DelFilterSource"; }
 };
 

@@ -2,7 +2,6 @@
 
 #include "core_client/ICommandService.h"
 
-#include <exception>
 #include <future>
 
 namespace ZelCore {
@@ -16,13 +15,9 @@ public:
     /// The future is ready, with a result or an exception.
     std::future<CommandResult> ExecuteAsync(const void*, ICommand& command) final
     {
-        std::promise<CommandResult> promise;
-        try {
-            promise.set_value(Execute(command));
-        } catch (...) {
-            promise.set_exception(std::current_exception());
-        }
-        return promise.get_future();
+        std::packaged_task<CommandResult()> task([this, &command] { return Execute(command); });
+        task();
+        return task.get_future();
     }
 };
 
