@@ -19,13 +19,6 @@ using namespace ZelCore;
 
 namespace {
 
-// A second layout on the same widget would only be refused, with a warning; without a parent the row
-// waits for its list.
-QWidget* freeOfLayout(QWidget* parent)
-{
-    return parent && !parent->layout() ? parent : nullptr;
-}
-
 // What the user typed is no markup.
 QString toolTipOf(const QString& text)
 {
@@ -35,7 +28,9 @@ QString toolTipOf(const QString& text)
 } // namespace
 
 HorizontalControlIM::HorizontalControlIM(int moduleId, QString name, QWidget* parent)
-    : QHBoxLayout(freeOfLayout(parent))
+    // A second layout on the same widget would only be refused, with a warning; without a parent the row
+    // waits for its list.
+    : QHBoxLayout(parent && !parent->layout() ? parent : nullptr)
 {
     m_iModuId = moduleId;
     m_horlcParent = parent;

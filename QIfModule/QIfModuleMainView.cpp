@@ -362,13 +362,14 @@ void QIfModuleMainView::showLosses()
     for (HorizontalControlIM* const row : rows()) {
         const QString note = row->GetLabNote();
         QStringList lines;
-        if (StoredLoss::costsBytes(note)) {
+        if (note.toUtf8().size() > note.size()) {
             lines << tr("保存时末尾丢失的字节数：%1").arg(loss.bytes);
             if (!loss.names.isEmpty()) {
                 lines << tr("不再恢复的条件：%1").arg(loss.names.join(QLatin1String(", ")));
             }
         }
-        if ((!lines.isEmpty() || StoredLoss::isCut(note)) && loss.cutNotes.contains(row->GetLabName())) {
+        if ((!lines.isEmpty() || note.contains(QLatin1Char(':')) || note.contains(QLatin1Char(';'))) &&
+            loss.cutNotes.contains(row->GetLabName())) {
             lines << tr("注释只恢复为：%1").arg(loss.cutNotes[row->GetLabName()]);
         }
         row->showLoss(lines.join(QLatin1Char('\n')));

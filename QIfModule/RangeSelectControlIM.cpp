@@ -31,16 +31,6 @@ constexpr int stripWidth = 230;
 constexpr int stripHeight = 30;
 constexpr int sliderHeight = 25;
 
-// The three-level climb starts at the strip's parent; any of them may be missing.
-QWidget* parentAreaOf(const QObject* strip)
-{
-    QObject* ancestor = strip->parent();
-    for (int level = 0; level < 2 && ancestor; ++level) {
-        ancestor = ancestor->parent();
-    }
-    return qobject_cast<QWidget*>(ancestor);
-}
-
 QWidget* lastInFocusChain(QWidget& widget)
 {
     QWidget* last = &widget;
@@ -222,7 +212,9 @@ void RangeSelectControlIM::InstallEventFilter()
     m_pEdiMinPullBar = watchEdit(m_spbMinPullBar);
     m_pEdiMaxPullBar = watchEdit(m_spbMaxPullBar);
 
-    m_pParentArea = parentAreaOf(this);
+    // Three levels up; any of them may be missing.
+    const QObject* const container = parent() ? parent()->parent() : nullptr;
+    m_pParentArea = container ? qobject_cast<QWidget*>(container->parent()) : nullptr;
     if (m_pParentArea) {
         m_pParentArea->installEventFilter(this);
     }

@@ -13,13 +13,6 @@ struct StoredLoss
 {
     explicit StoredLoss(const QList<ConditionRecord>& conditions);
 
-    /// Whether a note makes the record lose bytes, and whether it is cut itself where it is read.
-    static bool costsBytes(const QString& note) { return note.toUtf8().size() > note.size(); }
-    static bool isCut(const QString& note)
-    {
-        return note.contains(QLatin1Char(':')) || note.contains(QLatin1Char(';'));
-    }
-
     /// Bytes missing at the end of the record.
     int bytes = 0;
     /// The conditions that do not come back.
