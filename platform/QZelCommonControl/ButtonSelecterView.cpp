@@ -31,17 +31,17 @@ int answerTo(const CommandResult& result)
 
 ButtonSelecterView::ButtonSelecterView(QWidget* parent)
     : QWidget(parent)
-    , m_field(new SubscribeField(this))
-    , m_button(new QToolButton(this))
+    , m_ediField(new SubscribeField(this))
+    , m_btnOpen(new QToolButton(this))
 {
-    m_button->setArrowType(Qt::DownArrow);
-    m_button->setAutoRaise(true);
-    m_button->setFocusPolicy(Qt::StrongFocus);
-    m_button->installEventFilter(this);
+    m_btnOpen->setArrowType(Qt::DownArrow);
+    m_btnOpen->setAutoRaise(true);
+    m_btnOpen->setFocusPolicy(Qt::StrongFocus);
+    m_btnOpen->installEventFilter(this);
     setAttribute(Qt::WA_Hover);
     setTexts();
-    connect(m_button, &QToolButton::clicked, this, &ButtonSelecterView::openMenu);
-    connect(m_field, &SubscribeField::clicked, this, &ButtonSelecterView::openMenu);
+    connect(m_btnOpen, &QToolButton::clicked, this, &ButtonSelecterView::openMenu);
+    connect(m_ediField, &SubscribeField::clicked, this, &ButtonSelecterView::openMenu);
 }
 
 int ButtonSelecterView::SetFilterSourceOperation4IO(int moduleId, ENUM_IO_SUBSCRIBE_TYPE_ type, QString key,
@@ -55,12 +55,16 @@ int ButtonSelecterView::GetFilterSourceOperation4IO(int moduleId, ENUM_IO_SUBSCR
                                                     QString& info)
 {
     GetFilterSourceCommand command(targetOf(moduleId, type, std::move(key)));
-    const int answer = answerTo(ExecuteCommand(command));
-    if (answer == 0) {
+    const CommandResult result = ExecuteCommand(command);
+    m_isUnread = !IsSuccess(result) && result.Status != NothingChanged;
+    if (IsSuccess(result)) {
         info = command.SubscribeName;
         m_missing = command.SourceIsMissing ? info : QString();
+    } else {
+        // A choice that was refused must not stay.
+        SetEdiSubscribeText(QString());
     }
-    return answer;
+    return answerTo(result);
 }
 
 int ButtonSelecterView::DelFilterSourceOperation4IO(int moduleId, ENUM_IO_SUBSCRIBE_TYPE_ type, QString key)
@@ -68,6 +72,7 @@ int ButtonSelecterView::DelFilterSourceOperation4IO(int moduleId, ENUM_IO_SUBSCR
     DelFilterSourceCommand command(targetOf(moduleId, type, std::move(key)));
     const CommandResult result = ExecuteCommand(command);
     if (IsSuccess(result) || result.Status == NothingChanged) {
+        m_isUnread = false;
         // A value that is bound no longer must not look as if it were.
         SetEdiSubscribeText(QString());
     }
@@ -77,14 +82,17 @@ int ButtonSelecterView::DelFilterSourceOperation4IO(int moduleId, ENUM_IO_SUBSCR
 void ButtonSelecterView::UpdateSubscribeMenuData(QJsonArray& menu, int)
 {
     m_menu = menu;
-    if (m_popup) {
-        m_popup->setMenu(m_menu);
+    if (m_popup && m_popup->isVisible()) {
+        m_popup->open(m_menu, m_ediField->text());
     }
 }
 
 void ButtonSelecterView::SetEdiSubscribeText(QString text)
 {
-    m_field->show(text, !text.isEmpty() && text == m_missing);
+    using Source = SubscribeField::Source;
+    m_ediField->setBinding(text, text.isEmpty()      ? (m_isUnread ? Source::Unread : Source::Present)
+                                 : text == m_missing ? Source::Missing
+                                                     : Source::Present);
 }
 
 void ButtonSelecterView::SetHide()
@@ -96,31 +104,28 @@ void ButtonSelecterView::SetHide()
 
 void ButtonSelecterView::openMenu()
 {
-    if (m_popup && m_popup->isVisible()) {
-        return;
-    }
     emit sigQuerySubscribeMenuInfo(QString());
     if (!m_popup) {
         m_popup = new SubscribeMenuPopup(this);
-        m_popup->setMenu(m_menu);
         // Queued: who answers a choice may destroy this widget, but not from within the pop-up's events.
         connect(m_popup, &SubscribeMenuPopup::chosen, this, &ButtonSelecterView::choose,
                 Qt::QueuedConnection);
     }
-    m_popup->open(m_field->text());
+    m_popup->open(m_menu, m_ediField->text());
 }
 
 void ButtonSelecterView::choose(const QString& info)
 {
     m_missing.clear();
+    m_isUnread = false;
     SetEdiSubscribeText(info);
     emit sigEdiSubscribeInfoChanged(info);
 }
 
 void ButtonSelecterView::placeParts(int width, int height)
 {
-    m_field->setFixedSize(width - buttonWidth, height);
-    m_button->setGeometry(width - buttonWidth, 0, buttonWidth, height);
+    m_ediField->setFixedSize(width - buttonWidth, height);
+    m_btnOpen->setGeometry(width - buttonWidth, 0, buttonWidth, height);
 }
 
 void ButtonSelecterView::resizeEvent(QResizeEvent* event)
@@ -131,8 +136,8 @@ void ButtonSelecterView::resizeEvent(QResizeEvent* event)
 
 void ButtonSelecterView::setTexts()
 {
-    m_button->setAccessibleName(tr("choose a value"));
-    m_field->show(m_field->text(), m_field->isMissing());
+    m_btnOpen->setAccessibleName(tr("choose a value"));
+    m_ediField->setBinding(m_ediField->text(), m_ediField->source());
 }
 
 void ButtonSelecterView::changeEvent(QEvent* event)
@@ -155,7 +160,7 @@ void ButtonSelecterView::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(underMouse() || m_button->hasFocus() ? QColor(231, 105, 0) : QColor(204, 204, 205));
+    painter.setPen(underMouse() || m_btnOpen->hasFocus() ? QColor(231, 105, 0) : QColor(204, 204, 205));
     painter.setBrush(Qt::white);
     painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 3, 3);
 }

@@ -24,8 +24,8 @@ public:
     /// Binds the key to the value with this subscribe text, or removes the binding for an empty one.
     /// 0, or -1 when the core refuses.
     int SetFilterSourceOperation4IO(int moduleId, ENUM_IO_SUBSCRIBE_TYPE_ type, QString key, QString info);
-    /// Reads the key's binding into info. 0, or -1 when there is none. One whose source is gone counts, and
-    /// is marked when its text is shown.
+    /// Reads the key's binding into info. 0, or -1 when there is none or the core fails; the field is empty
+    /// then. A binding whose source is gone counts, and is marked when its text is shown.
     int GetFilterSourceOperation4IO(int moduleId, ENUM_IO_SUBSCRIBE_TYPE_ type, QString key, QString& info);
     /// Removes the key's binding; an IO's key may end in ":input" or ":output". 0, or -1 when there is none.
     /// The field is empty afterwards unless the core failed.
@@ -63,11 +63,12 @@ private:
     void openMenu();
     void choose(const QString& info);
 
-    SubscribeField* m_field;
-    QToolButton* m_button;
+    SubscribeField* m_ediField;
+    QToolButton* m_btnOpen;
     // Made when the menu is first opened.
     SubscribeMenuPopup* m_popup = nullptr;
     QJsonArray m_menu;
     // The text of a binding whose source is gone; null when there is none such.
     QString m_missing;
+    bool m_isUnread = false;
 };

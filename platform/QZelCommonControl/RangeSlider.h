@@ -11,14 +11,9 @@ public:
     enum Option { NoHandle = 0, LeftHandle = 1, RightHandle = 2, DoubleHandles = LeftHandle | RightHandle };
     Q_DECLARE_FLAGS(Options, Option)
 
-    RangeSlider(Qt::Orientation orientation, Options options, QWidget* parent = nullptr);
-
-    Qt::Orientation orientation() const { return m_orientation; }
-    Options options() const { return m_options; }
-
-private:
-    Qt::Orientation m_orientation;
-    Options m_options;
+    RangeSlider(Qt::Orientation, Options, QWidget* parent = nullptr)
+        : QWidget(parent)
+    {}
 };
 
 Q_DECLARE_OPERATORS_FOR_FLAGS(RangeSlider::Options)

@@ -2,18 +2,20 @@
 
 #include <QLineEdit>
 
-/// The text of a selector, for reading: elided where it is too long, with the whole text as tool tip.
+/// The subscribe text of a selector, for reading: the name of the value large, its group small above it,
+/// both condensed and then elided where they are too long, with the whole text as tool tip.
 class SubscribeField : public QLineEdit
 {
     Q_OBJECT
 
 public:
+    /// What is known of the value that the text names; an unread binding has no text.
+    enum class Source { Present, Missing, Unread };
+
     explicit SubscribeField(QWidget* parent);
 
-    /// Missing: the value that the text names is gone.
-    void show(const QString& text, bool isMissing);
-
-    bool isMissing() const { return m_isMissing; }
+    void setBinding(const QString& text, Source source);
+    Source source() const { return m_source; }
 
 signals:
     void clicked();
@@ -23,5 +25,5 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
-    bool m_isMissing = false;
+    Source m_source = Source::Present;
 };

@@ -19,10 +19,9 @@ class SubscribeMenuPopup : public QFrame
 public:
     explicit SubscribeMenuPopup(QWidget* owner);
 
-    void setMenu(const QJsonArray& menu);
-    /// Opens below the owner, or above where there is more room, on the owner's screen, with the entry of
-    /// this subscribe text selected.
-    void open(const QString& present);
+    /// Opens, or opens anew, below the owner, or above where there is more room, on the owner's screen, with
+    /// the entry of this subscribe text selected.
+    void open(const QJsonArray& menu, const QString& present);
 
 signals:
     /// An entry was chosen and the pop-up is closed; empty for "not bound".
@@ -30,25 +29,18 @@ signals:
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
-    void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     void changeEvent(QEvent* event) override;
 
 private:
-    /// Whether the press ends here.
-    bool closeAt(const QPoint& press);
-    bool handleKey(int key);
-    QRect placeBy(const QRect& owner, const QRect& screen) const;
+    bool handleKey(QEvent* event);
+    QRect ownerPlace() const { return {parentWidget()->mapToGlobal(QPoint()), parentWidget()->size()}; }
     void showEntries();
-    void select(const QModelIndex& index);
-    /// To the next leaf in a direction, past groups.
-    void selectBeside(bool below, int count);
     void choose(const QModelIndex& index);
 
-    QWidget* m_owner;
     SubscribeMenuModel m_model;
-    QLineEdit* m_filter;
+    QLineEdit* m_ediFilter;
     QTreeView* m_tree;
-    QLabel* m_empty;
+    QLabel* m_labEmpty;
     QString m_present;
 };
