@@ -28,10 +28,10 @@ update() {
 
 mkdir -p QIfModule/i18n platform/QZelCommonControl/i18n workbench/i18n
 update zh_CN QIfModule/i18n/QIfModule en QIfModule
-update en platform/QZelCommonControl/i18n/QZelCommonControl 'en zh_CN' platform/QZelCommonControl
+update en platform/QZelCommonControl/i18n/QZelCommonControl zh_CN platform/QZelCommonControl
 update en workbench/i18n/if-workbench 'en zh_CN' workbench workbench/commands workbench/faults workbench/inspector workbench/run judgement platform/EmbeddedCore
 
-for catalogue in platform/QZelCommonControl/i18n/QZelCommonControl workbench/i18n/if-workbench; do
+for catalogue in workbench/i18n/if-workbench; do
     perl -0pi -e 's{(<source>)((?:(?!</?source>).)*)(</source>(?:(?!<source>).)*?)<translation type="unfinished"></translation>}{$1$2$3<translation>$2</translation>}gs' \
         "$target/${catalogue}_en.ts"
 done

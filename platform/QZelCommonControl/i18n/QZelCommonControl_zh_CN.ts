@@ -9,12 +9,35 @@
     </message>
 </context>
 <context>
+    <name>QmlRangeSliderView</name>
+    <message>
+        <source>slider not available</source>
+        <translation>滑块不可用</translation>
+    </message>
+</context>
+<context>
     <name>SubscribeField</name>
     <message>
         <source>%1
 The flow has no such value any more.</source>
         <translation>%1
 流程中已没有该数值。</translation>
+    </message>
+    <message>
+        <source>not readable</source>
+        <translation>无法读取</translation>
+    </message>
+    <message>
+        <source>not bound</source>
+        <translation>未绑定</translation>
+    </message>
+    <message>
+        <source>The binding could not be read.</source>
+        <translation>无法读取绑定数据。</translation>
+    </message>
+    <message>
+        <source>missing</source>
+        <translation>已缺失</translation>
     </message>
 </context>
 <context>
