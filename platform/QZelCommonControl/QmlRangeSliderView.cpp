@@ -6,15 +6,17 @@
 #include <QLabel>
 #include <QMouseEvent>
 #include <QOpenGLContext>
+#include <QQmlComponent>
 #include <QQmlEngine>
-#include <QQmlError>
 #include <QQuickItem>
 #include <QQuickWidget>
 #include <QQuickWindow>
+#include <QScopeGuard>
+#include <QVBoxLayout>
 #include <QWheelEvent>
 #include <QWindow>
 
-#include <memory>
+#include <utility>
 
 using Grip = RangeSliderState::Grip;
 
@@ -23,7 +25,10 @@ namespace {
 constexpr int largeStep = 10;
 // On a wide range a pixel is a large step: a finger that trembles must not move a bound.
 constexpr int dragThreshold = 3; // px
-constexpr int wheelNotch = 120;  // eighths of a degree
+// As in the scene.
+constexpr int trackMargin = 12;
+constexpr int handleWidth = 12;
+constexpr int wheelNotch = 120; // eighths of a degree
 
 // Kept until the application ends: making one costs far more than keeping it.
 QQmlEngine* sharedEngine()
@@ -54,34 +59,6 @@ QString shortNumber(int value)
                                    : QString::number(value, 'g', 3).remove(QLatin1String("+0"));
 }
 
-/// Takes the focus from a widget for a moment without its notice: a field would finish its edit.
-class FocusTaken : public QObject
-{
-public:
-    explicit FocusTaken(QWidget* widget)
-        : m_widget(widget)
-    {
-        widget->installEventFilter(this);
-        widget->clearFocus();
-    }
-    ~FocusTaken() override
-    {
-        if (m_widget) {
-            m_widget->setFocus();
-        }
-    }
-    Q_DISABLE_COPY(FocusTaken)
-
-    bool eventFilter(QObject*, QEvent* event) override
-    {
-        const QEvent::Type type = event->type();
-        return type == QEvent::FocusAboutToChange || type == QEvent::FocusOut || type == QEvent::FocusIn;
-    }
-
-private:
-    QPointer<QWidget> m_widget;
-};
-
 int stepOf(Qt::KeyboardModifiers modifiers)
 {
     return modifiers & Qt::ShiftModifier ? largeStep : 1;
@@ -95,19 +72,12 @@ QmlRangeSliderView::QmlRangeSliderView(QWidget* parent)
     setAttribute(Qt::WA_ShowWithoutActivating);
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
-    connect(qApp, &QApplication::focusChanged, this, [this](const QWidget*, const QWidget* now) {
-        if (isVisible() && m_fields && now && now != this && isBesideFields(now)) {
-            leave();
-        }
-    });
 }
-
-QmlRangeSliderView::~QmlRangeSliderView() = default;
 
 void QmlRangeSliderView::SetRange(int min, int max)
 {
     m_state.setRange(min, max);
-    showScale();
+    showState();
 }
 
 void QmlRangeSliderView::SetCurrentMinD(double value)
@@ -130,34 +100,27 @@ void QmlRangeSliderView::createView()
     m_view->setAttribute(Qt::WA_TransparentForMouseEvents);
     m_view->setFocusPolicy(Qt::NoFocus);
     m_view->setResizeMode(QQuickWidget::SizeRootObjectToView);
-    m_view->setClearColor(Qt::white);
-    m_view->setSource(QUrl(QStringLiteral("qrc:/QZelCommonControl/QmlRangeSliderView.qml")));
+    // Loaded here, since the view would log the errors each time.
+    auto* const component = new QQmlComponent(
+        sharedEngine(), QUrl(QStringLiteral("qrc:/QZelCommonControl/QmlRangeSliderView.qml")), m_view);
+    if (component->isReady()) {
+        m_view->setContent(component->url(), component, component->create());
+    }
+    auto* const layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(m_view);
     if (!scene()) {
-        showUnavailable();
-        return;
+        static bool isLogged = false;
+        if (!std::exchange(isLogged, true)) {
+            qWarning() << "range slider: not available" << component->errors();
+        }
+        m_view->hide();
+        auto* const label = new QLabel(tr("slider not available"));
+        label->setStyleSheet(QStringLiteral("color: #3d3d3d")); // not as pale as what is disabled
+        layout->addWidget(label, 0, Qt::AlignCenter);
+        setEnabled(false); // takes no input
     }
-    m_view->resize(size());
-    m_view->show();
-}
-
-void QmlRangeSliderView::showUnavailable()
-{
-    QStringList errors;
-    for (const QQmlError& error : m_view->errors()) {
-        errors << error.toString();
-    }
-    static const bool isLogged = [&errors] {
-        qWarning("range slider: not available: %s", qUtf8Printable(errors.join(QLatin1String("; "))));
-        return true;
-    }();
-    Q_UNUSED(isLogged)
-    delete m_view;
-    m_view = nullptr;
-    setEnabled(false);
-    auto* const label = new QLabel(tr("slider not available"), this);
-    label->setAlignment(Qt::AlignCenter);
-    label->setGeometry(rect());
-    label->show();
+    showState();
 }
 
 QQuickItem* QmlRangeSliderView::scene() const
@@ -167,11 +130,12 @@ QQuickItem* QmlRangeSliderView::scene() const
 
 void QmlRangeSliderView::showEvent(QShowEvent* event)
 {
-    if (!m_view && isEnabled()) {
+    if (!m_view) {
         createView();
     }
-    m_state.fitScale();
-    showScale();
+    if (m_state.fitScale()) {
+        showState();
+    }
     highlight(Grip::None);
     if (const auto* const field = qobject_cast<QAbstractSpinBox*>(QApplication::focusWidget())) {
         m_fields = field->parentWidget();
@@ -201,23 +165,21 @@ void QmlRangeSliderView::changeEvent(QEvent* event)
     QWidget::changeEvent(event);
 }
 
-bool QmlRangeSliderView::isBesideFields(const QWidget* widget) const
-{
-    return !m_fields || !m_fields->isAncestorOf(widget);
-}
-
 bool QmlRangeSliderView::eventFilter(QObject* watched, QEvent* event)
 {
+    const QEvent::Type type = event->type();
+    if (watched == m_leftField) {
+        return type == QEvent::FocusAboutToChange || type == QEvent::FocusOut || type == QEvent::FocusIn;
+    }
     const auto* const widget = qobject_cast<QWidget*>(watched);
     if (!widget || !m_fields) {
         return false;
     }
-    const QEvent::Type type = event->type();
-    const bool isScroll = type == QEvent::Move && !widget->isWindow() && widget->isAncestorOf(m_fields);
-    const bool isWheelElsewhere = type == QEvent::Wheel && widget->window() != this && isBesideFields(widget);
-    const bool isEscape = type == QEvent::KeyPress && !isBesideFields(widget) &&
+    const bool isBeside = widget->window() != this && !m_fields->isAncestorOf(widget);
+    const bool isMoved = type == QEvent::Move && !widget->isWindow() && widget->isAncestorOf(m_fields);
+    const bool isEscape = type == QEvent::KeyPress && m_fields->isAncestorOf(widget) &&
                           static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape;
-    if (isScroll || isWheelElsewhere || isEscape) {
+    if (isMoved || isEscape || (isBeside && (type == QEvent::FocusIn || type == QEvent::Wheel))) {
         leave();
     }
     return isEscape;
@@ -225,27 +187,31 @@ bool QmlRangeSliderView::eventFilter(QObject* watched, QEvent* event)
 
 void QmlRangeSliderView::leave()
 {
-    const QPointer<QWidget> self = this;
+    const QPointer<QmlRangeSliderView> self = this;
     if (!isActiveWindow()) {
+        // For the moment no field has the focus. None may notice: it would finish its edit.
         QWidget* const focus = QApplication::focusWidget();
-        const auto taken = focus && !isBesideFields(focus) ? std::make_unique<FocusTaken>(focus) : nullptr;
+        if (focus && m_fields && m_fields->isAncestorOf(focus)) {
+            m_leftField = focus;
+            focus->installEventFilter(this);
+            focus->clearFocus();
+        }
+        const auto giveBack = qScopeGuard([&self] {
+            if (self && self->m_leftField) {
+                self->m_leftField->setFocus();
+                self->m_leftField->removeEventFilter(self);
+                self->m_leftField = nullptr;
+            }
+        });
         QEvent deactivate(QEvent::WindowDeactivate);
         QCoreApplication::sendEvent(this, &deactivate);
     }
     if (self) {
-        hide(); // an active window is deactivated by that
+        hide(); // deactivates it where it is active
     }
 }
 
-void QmlRangeSliderView::resizeEvent(QResizeEvent* event)
-{
-    if (m_view) {
-        m_view->resize(event->size());
-    }
-    QWidget::resizeEvent(event);
-}
-
-void QmlRangeSliderView::showScale()
+void QmlRangeSliderView::showState()
 {
     if (QQuickItem* const slider = scene()) {
         const RangeScale& scale = m_state.scale();
@@ -257,34 +223,19 @@ void QmlRangeSliderView::showScale()
         slider->setProperty("sectionMinimumText", QString::number(scale.sectionMinimum()));
         slider->setProperty("sectionMaximumText", QString::number(scale.sectionMaximum()));
         slider->setProperty("maximumText", hasHighZone ? shortNumber(scale.maximum()) : QString());
-    }
-    showState();
-}
-
-void QmlRangeSliderView::showState()
-{
-    if (QQuickItem* const slider = scene()) {
-        QMetaObject::invokeMethod(slider, "setValues", Q_ARG(qreal, m_state.lowerPosition()),
-                                  Q_ARG(qreal, m_state.upperPosition()));
+        slider->setProperty("lower", m_state.lowerPosition());
+        slider->setProperty("upper", m_state.upperPosition());
     }
 }
 
 double QmlRangeSliderView::positionAt(int x) const
 {
-    const QQuickItem* const slider = scene();
-    if (!slider) {
-        return 0.0;
-    }
-    const double handle = slider->property("handleWidth").toDouble();
-    const double travel = slider->property("availableWidth").toDouble() - handle;
-    const double offset = x - slider->property("leftPadding").toDouble() - handle / 2;
-    return travel > 0 ? offset / travel : 0.0;
+    return double(x - trackMargin) / qMax(1, width() - 2 * trackMargin);
 }
 
 double QmlRangeSliderView::handleReach() const
 {
-    const int handle = scene() ? scene()->property("handleWidth").toInt() : 0;
-    return positionAt(handle) - positionAt(handle / 2);
+    return positionAt(trackMargin + handleWidth / 2);
 }
 
 void QmlRangeSliderView::highlight(Grip grip)
@@ -299,6 +250,7 @@ void QmlRangeSliderView::highlight(Grip grip)
 
 void QmlRangeSliderView::report(bool isChanged)
 {
+    highlight(m_state.active());
     if (isChanged) {
         showState();
         emit sigRangeSliderChange(m_state.lower(), m_state.upper());
@@ -314,9 +266,7 @@ void QmlRangeSliderView::mousePressEvent(QMouseEvent* event)
     setFocus(Qt::MouseFocusReason);
     m_pressX = event->x();
     m_isDragging = false;
-    const bool isChanged = m_state.press(positionAt(event->x()), handleReach());
-    highlight(m_state.active());
-    report(isChanged);
+    report(m_state.press(positionAt(event->x()), handleReach()));
 }
 
 void QmlRangeSliderView::mouseMoveEvent(QMouseEvent* event)
@@ -329,9 +279,7 @@ void QmlRangeSliderView::mouseMoveEvent(QMouseEvent* event)
     }
     m_isDragging = m_isDragging || std::abs(event->x() - m_pressX) >= dragThreshold;
     if (m_isDragging) {
-        const bool isChanged = m_state.drag(position);
-        highlight(m_state.active());
-        report(isChanged);
+        report(m_state.drag(position));
     }
 }
 
@@ -355,37 +303,32 @@ void QmlRangeSliderView::wheelEvent(QWheelEvent* event)
     m_wheelAngle += angle.y() != 0 ? angle.y() : angle.x();
     const int notches = m_wheelAngle / wheelNotch;
     m_wheelAngle %= wheelNotch;
-    event->accept();
     if (notches != 0) {
         m_state.setActive(m_state.gripAt(positionAt(event->position().toPoint().x()), handleReach()));
-        highlight(m_state.active());
         report(m_state.step(notches * stepOf(event->modifiers())));
     }
 }
 
 void QmlRangeSliderView::keyPressEvent(QKeyEvent* event)
 {
+    const int step = stepOf(event->modifiers());
     switch (event->key()) {
     case Qt::Key_Left:
     case Qt::Key_Down:
-        report(m_state.step(-stepOf(event->modifiers())));
-        break;
+        return report(m_state.step(-step));
     case Qt::Key_Right:
     case Qt::Key_Up:
-        report(m_state.step(stepOf(event->modifiers())));
-        break;
+        return report(m_state.step(step));
     case Qt::Key_Escape:
-        hide();
-        break;
+        return hide();
     default:
         QWidget::keyPressEvent(event);
-        return;
     }
 }
 
 bool QmlRangeSliderView::focusNextPrevChild(bool)
 {
     m_state.setActive(m_state.active() == Grip::Lower ? Grip::Upper : Grip::Lower);
-    highlight(m_state.active());
+    report(false);
     return true;
 }

@@ -24,7 +24,6 @@ class Q_DECL_EXPORT QmlRangeSliderView : public QWidget
 
 public:
     explicit QmlRangeSliderView(QWidget* parent = nullptr);
-    ~QmlRangeSliderView() override;
 
     /// The ends, in any order.
     void SetRange(int min, int max);
@@ -42,7 +41,6 @@ protected:
     void changeEvent(QEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -53,23 +51,24 @@ protected:
 
 private:
     void createView();
-    void showUnavailable();
     /// The root of the scene, or null.
     QQuickItem* scene() const;
-    bool isBesideFields(const QWidget* widget) const;
     /// Closes as if another window had been activated.
     void leave();
-    void showScale();
     double positionAt(int x) const;
+    /// How far from its middle a handle is taken, as a difference of positions.
     double handleReach() const;
     void highlight(RangeSliderState::Grip grip);
     void showState();
+    /// Shows the active handle, and tells changed bounds.
     void report(bool isChanged);
 
     RangeSliderState m_state;
     QQuickWidget* m_view = nullptr;
     // The parent of the fields that it opened for.
     QPointer<QWidget> m_fields;
+    // The one that the focus is taken from while it closes.
+    QPointer<QWidget> m_leftField;
     RangeSliderState::Grip m_lit = RangeSliderState::Grip::None;
     int m_pressX = 0;
     bool m_isDragging = false;

@@ -1,11 +1,12 @@
 import QtQuick 2.15
-import QtQuick.Controls 2.15
 
-// Shows two positions between 0 and 1, left to right in every language; whoever owns it moves them. Under
-// the track stand the ends of the section that most of it covers, and the limits of the two end zones.
-RangeSlider {
+// Shows two positions between 0 and 1, left to right in every language. Under the track stand the ends of
+// the section that most of it covers; the thin ends of the track lead to the limits.
+Rectangle {
     id: slider
 
+    property real lower: 0
+    property real upper: 1
     property bool isLowerLit: false
     property bool isUpperLit: false
     property real sectionBegin: 0
@@ -14,17 +15,13 @@ RangeSlider {
     property string sectionMinimumText
     property string sectionMaximumText
     property string maximumText
-    readonly property real handleWidth: 12
     readonly property color accent: "#e76900"
 
     component Handle: Rectangle {
-        property real position
         property bool isLit
 
-        x: slider.leftPadding + position * (slider.availableWidth - width)
-        y: slider.topPadding
-        implicitWidth: slider.handleWidth
-        implicitHeight: 13
+        y: -6
+        width: 12; height: 13
         radius: 3
         color: isLit ? slider.accent : "white"
         border.color: isLit ? slider.accent : "#8c8c8e"
@@ -34,64 +31,45 @@ RangeSlider {
         y: slider.height - height
         color: "#3d3d3d"
         font.pixelSize: 9
-        horizontalAlignment: Text.AlignLeft
     }
 
-    from: 0
-    to: 1
-    focusPolicy: Qt.NoFocus
-    padding: 2
-    leftPadding: 6
-    rightPadding: 6
+    color: "white"
+    border.color: "#cccccd"
 
-    background: Rectangle {
-        color: "white"
-        border.color: "#cccccd"
+    Label { x: 2; text: slider.minimumText }
+    Label { x: slider.minimumText ? track.x + section.x : 2; text: slider.sectionMinimumText }
+    Label {
+        x: (slider.maximumText ? track.x + section.x + section.width : slider.width - 2) - width
+        text: slider.sectionMaximumText
+    }
+    Label { x: slider.width - width - 2; text: slider.maximumText }
 
-        // The end zones are the thin part of the track.
+    Rectangle {
+        id: track
+
+        x: 12
+        y: 8
+        width: slider.width - 24
+        height: 1
+        color: "#8c8c8e"
+
         Rectangle {
-            id: track
+            id: section
 
-            x: slider.leftPadding + slider.handleWidth / 2
-            y: slider.topPadding + 6
-            width: slider.availableWidth - slider.handleWidth
-            height: 1
-            color: "#8c8c8e"
-
-            Rectangle {
-                id: section
-
-                x: slider.sectionBegin * parent.width
-                y: -2
-                width: (slider.sectionEnd - slider.sectionBegin) * parent.width
-                height: 5
-                radius: 2
-                color: "#e1dede"
-            }
-            Rectangle {
-                x: slider.first.position * parent.width
-                y: -2
-                width: (slider.second.position - slider.first.position) * parent.width
-                height: 5
-                color: slider.accent
-            }
+            x: slider.sectionBegin * track.width
+            y: -2
+            width: (slider.sectionEnd - slider.sectionBegin) * track.width
+            height: 5
+            radius: 2
+            color: "#e1dede"
         }
-
-        Label { x: 2; text: slider.minimumText }
-        Label { x: slider.minimumText ? track.x + section.x : 2; text: slider.sectionMinimumText }
-        Label {
-            x: (slider.maximumText ? track.x + section.x + section.width : slider.width - 2) - width
-            text: slider.sectionMaximumText
+        Rectangle {
+            x: slider.lower * track.width
+            y: -2; height: 5
+            width: (slider.upper - slider.lower) * track.width
+            color: slider.accent
         }
-        Label { x: slider.width - width - 2; text: slider.maximumText }
-    }
-
-    first.handle: Handle {
-        position: slider.first.position
-        isLit: slider.isLowerLit
-    }
-    second.handle: Handle {
-        position: slider.second.position
-        isLit: slider.isUpperLit
+        Handle { x: slider.lower * track.width - 6; isLit: slider.isLowerLit }
+        Handle { x: slider.upper * track.width - 6; isLit: slider.isUpperLit }
     }
 }

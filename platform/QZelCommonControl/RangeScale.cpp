@@ -1,6 +1,5 @@
 #include "RangeScale.h"
 
-#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -35,44 +34,34 @@ RangeScale::RangeScale(int first, int second, double lower, double upper)
     m_sectionMaximum = roundEnd(inside(upper) + span);
 }
 
-double RangeScale::depthOf(double distance, double wholeDistance) const
+std::pair<double, double> RangeScale::zoneAt(double beyond) const
 {
-    return std::asinh(distance / sectionWidth()) / std::asinh(wholeDistance / sectionWidth());
-}
-
-double RangeScale::distanceAt(double depth, double wholeDistance) const
-{
-    return std::sinh(depth * std::asinh(wholeDistance / sectionWidth())) * sectionWidth();
+    return beyond < 0.0 ? std::pair(sectionBegin(), double(m_sectionMinimum) - m_minimum)
+                        : std::pair(1.0 - sectionEnd(), double(m_maximum) - m_sectionMaximum);
 }
 
 double RangeScale::positionOf(double value) const
 {
     const double inside = std::clamp<double>(value, m_minimum, m_maximum);
-    if (inside < m_sectionMinimum) {
-        const double whole = double(m_sectionMinimum) - m_minimum;
-        return sectionBegin() * (1.0 - depthOf(m_sectionMinimum - inside, whole));
-    }
-    if (inside > m_sectionMaximum) {
-        const double whole = double(m_maximum) - m_sectionMaximum;
-        return sectionEnd() + (1.0 - sectionEnd()) * depthOf(inside - m_sectionMaximum, whole);
-    }
-    const double part = sectionWidth() > 0.0 ? (inside - m_sectionMinimum) / sectionWidth() : 0.0;
-    return sectionBegin() + part * (sectionEnd() - sectionBegin());
+    const double shown = std::clamp<double>(inside, m_sectionMinimum, m_sectionMaximum);
+    const double part = (shown - m_sectionMinimum) / sectionWidth();
+    const double position = sectionBegin() + part * (sectionEnd() - sectionBegin());
+    const auto [length, extent] = zoneAt(inside - shown);
+    const double depth = std::asinh((inside - shown) / sectionWidth());
+    const double beyond = depth == 0.0 ? 0.0 : length * depth / std::asinh(extent / sectionWidth());
+    return std::clamp(position + beyond, 0.0, 1.0);
 }
 
 int RangeScale::valueAt(double position) const
 {
     const double inside = std::clamp(position, 0.0, 1.0);
-    double value = 0.0;
-    if (inside < sectionBegin()) {
-        const double whole = double(m_sectionMinimum) - m_minimum;
-        value = m_sectionMinimum - distanceAt(1.0 - inside / sectionBegin(), whole);
-    } else if (inside > sectionEnd()) {
-        const double whole = double(m_maximum) - m_sectionMaximum;
-        value = m_sectionMaximum + distanceAt((inside - sectionEnd()) / (1.0 - sectionEnd()), whole);
-    } else {
-        const double part = (inside - sectionBegin()) / (sectionEnd() - sectionBegin());
-        value = m_sectionMinimum + part * sectionWidth();
+    const double shown = std::clamp(inside, sectionBegin(), sectionEnd());
+    const double part = (shown - sectionBegin()) / (sectionEnd() - sectionBegin());
+    double value = m_sectionMinimum + part * sectionWidth();
+    if (inside != shown) {
+        const auto [length, extent] = zoneAt(inside - shown);
+        const double depth = (inside - shown) / length * std::asinh(extent / sectionWidth());
+        value += std::sinh(depth) * sectionWidth();
     }
     return static_cast<int>(std::lround(std::clamp<double>(value, m_minimum, m_maximum)));
 }

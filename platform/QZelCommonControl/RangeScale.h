@@ -1,5 +1,8 @@
 #pragma once
 
+#include <algorithm>
+#include <utility>
+
 /// Where a value of an integer range stands on a slider: position 0 is the lowest value, 1 the highest.
 ///
 /// A range that has a pixel for each value is linear. Of a wider one most of the slider shows, linear, a
@@ -28,10 +31,9 @@ public:
 private:
     static constexpr double endZone = 0.12;
 
-    double sectionWidth() const { return double(m_sectionMaximum) - m_sectionMinimum; }
-    /// How far into an end zone, from 0 to 1, a distance from the section leads, and back.
-    double depthOf(double distance, double wholeDistance) const;
-    double distanceAt(double depth, double wholeDistance) const;
+    double sectionWidth() const { return std::max(1.0, double(m_sectionMaximum) - m_sectionMinimum); }
+    /// The length of the end zone on that side of the section, as a part of the slider and in values.
+    std::pair<double, double> zoneAt(double beyond) const;
 
     int m_minimum;
     int m_maximum;

@@ -1,7 +1,5 @@
 #include "RangeSliderState.h"
 
-#include <algorithm>
-#include <cmath>
 #include <utility>
 
 void RangeSliderState::setRange(int min, int max)
@@ -10,77 +8,37 @@ void RangeSliderState::setRange(int min, int max)
     fitScale();
 }
 
-void RangeSliderState::fitScale()
+bool RangeSliderState::fitScale()
 {
-    m_scale = RangeScale(m_scale.minimum(), m_scale.maximum(), std::min(m_lower, m_upper),
-                         std::max(m_lower, m_upper));
+    m_kept.reset();
+    const auto [lower, upper] = std::minmax(m_lower, m_upper);
+    const RangeScale before =
+        std::exchange(m_scale, RangeScale(m_scale.minimum(), m_scale.maximum(), lower, upper));
+    return before.sectionMinimum() != m_scale.sectionMinimum() ||
+           before.sectionMaximum() != m_scale.sectionMaximum();
 }
 
-void RangeSliderState::setLower(double value)
+void RangeSliderState::tell(double& bound, double value)
 {
     if (std::isfinite(value)) {
-        m_lower = value;
+        bound = value;
         m_pressLower = lower();
         m_pressUpper = upper();
     }
-}
-
-void RangeSliderState::setUpper(double value)
-{
-    if (std::isfinite(value)) {
-        m_upper = value;
-        m_pressLower = lower();
-        m_pressUpper = upper();
-    }
-}
-
-int RangeSliderState::rounded(double value) const
-{
-    return static_cast<int>(std::lround(std::clamp<double>(value, m_scale.minimum(), m_scale.maximum())));
-}
-
-int RangeSliderState::lower() const
-{
-    return rounded(std::min(m_lower, m_upper));
-}
-
-int RangeSliderState::upper() const
-{
-    return rounded(std::max(m_lower, m_upper));
-}
-
-double RangeSliderState::lowerPosition() const
-{
-    return m_scale.positionOf(std::min(m_lower, m_upper));
-}
-
-double RangeSliderState::upperPosition() const
-{
-    return m_scale.positionOf(std::max(m_lower, m_upper));
-}
-
-RangeSliderState::Grip RangeSliderState::gripAt(double position, double reach) const
-{
-    return gripAt(handles(), position, reach);
 }
 
 RangeSliderState::Grip RangeSliderState::gripAt(const Handles& handles, double position, double reach)
 {
-    const double toLower = position - handles.lower;
-    const double toUpper = position - handles.upper;
+    const double toLower = position - handles.first;
+    const double toUpper = position - handles.second;
     if (toLower > reach && toUpper < -reach) {
         return Grip::Both;
     }
-    if (handles.lower == handles.upper && std::abs(toLower) <= reach) {
+    if (handles.first == handles.second && std::abs(toLower) <= reach) {
         return Grip::Either;
     }
     return std::abs(toLower) < std::abs(toUpper) || (toLower == toUpper && toLower < 0) ? Grip::Lower
                                                                                         : Grip::Upper;
-}
-
-void RangeSliderState::keepHandles()
-{
-    m_kept = handles();
 }
 
 bool RangeSliderState::press(double position, double reach)
@@ -97,7 +55,7 @@ bool RangeSliderState::press(double position, double reach)
         m_grabOffset = 0.0;
         return false;
     }
-    const double handle = m_grip == Grip::Lower ? seen.lower : seen.upper;
+    const double handle = m_grip == Grip::Lower ? seen.first : seen.second;
     const bool isOnHandle = std::abs(position - handle) <= reach;
     m_grabOffset = isOnHandle ? position - handle : 0.0;
     return !isOnHandle && drag(position);
@@ -117,22 +75,9 @@ bool RangeSliderState::drag(double position)
         return moveTo(lower(), std::max(value, lower()));
     case Grip::Both:
         return moveBoth(m_pressLower, m_pressUpper, std::int64_t(value) - m_scale.valueAt(m_pressPosition));
-    case Grip::Either:
-    case Grip::None:
-        break;
+    default:
+        return false;
     }
-    return false;
-}
-
-void RangeSliderState::release()
-{
-    m_grip = Grip::None;
-    m_kept.reset();
-}
-
-int RangeSliderState::stepped(double value, int by) const
-{
-    return rounded((by > 0 ? std::floor(value) : std::ceil(value)) + by);
 }
 
 bool RangeSliderState::step(int by)
@@ -146,11 +91,6 @@ bool RangeSliderState::step(int by)
     default:
         return moveTo(lower(), std::max(stepped(m_upper, by), lower()));
     }
-}
-
-void RangeSliderState::setActive(Grip grip)
-{
-    m_active = grip == Grip::None || grip == Grip::Either ? m_active : grip;
 }
 
 bool RangeSliderState::moveBoth(int lower, int upper, std::int64_t by)
@@ -167,6 +107,7 @@ bool RangeSliderState::moveTo(int lower, int upper)
     }
     m_lower = lower;
     m_upper = upper;
+    m_kept.reset();
     return true;
 }
 

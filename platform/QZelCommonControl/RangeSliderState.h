@@ -2,8 +2,11 @@
 
 #include "RangeScale.h"
 
+#include <algorithm>
+#include <cmath>
 #include <cstdint>
 #include <optional>
+#include <utility>
 
 /// The two handles of a range slider and what a drag or a step does to them; without a picture.
 ///
@@ -17,52 +20,61 @@ public:
 
     void setRange(int min, int max);
     /// Kept as told, even with lower > upper, until the user moves a handle. What is no number is ignored.
-    void setLower(double value);
-    void setUpper(double value);
-    /// Puts the scale's section around the present bounds, as setRange() does. Between, the scale stays.
-    void fitScale();
+    void setLower(double value) { tell(m_lower, value); }
+    void setUpper(double value) { tell(m_upper, value); }
+    /// Puts the scale's section around the present bounds, as setRange() does; otherwise the scale stays.
+    /// Returns whether the section changed.
+    bool fitScale();
 
     const RangeScale& scale() const { return m_scale; }
-    int lower() const;
-    int upper() const;
+    int lower() const { return rounded(std::min(m_lower, m_upper)); }
+    int upper() const { return rounded(std::max(m_lower, m_upper)); }
     /// In order, whatever order the bounds were told in.
-    double lowerPosition() const;
-    double upperPosition() const;
+    double lowerPosition() const { return m_scale.positionOf(std::min(m_lower, m_upper)); }
+    double upperPosition() const { return m_scale.positionOf(std::max(m_lower, m_upper)); }
 
     /// What a press would take hold of: a handle within reach, the range between the two, or the handle
     /// beside it.
-    Grip gripAt(double position, double reach) const;
+    Grip gripAt(double position, double reach) const { return gripAt(handles(), position, reach); }
     /// Lets the next press() take what is at its place now, wherever told bounds move the handles before.
-    void keepHandles();
+    void keepHandles() { m_kept = handles(); }
     /// Beside the handles the nearer one comes to the place. Returns whether a bound changed, as do drag()
     /// and step().
     bool press(double position, double reach);
     bool drag(double position);
-    void release();
+    void release()
+    {
+        m_grip = Grip::None;
+        m_kept.reset();
+    }
 
     /// Moves the handle that was moved last, at first the upper one, by whole numbers.
     bool step(int by);
 
     /// The handles that step() moves.
     Grip active() const { return m_active; }
-    void setActive(Grip grip);
+    void setActive(Grip grip) { m_active = grip == Grip::None || grip == Grip::Either ? m_active : grip; }
 
 private:
-    struct Handles
-    {
-        double lower;
-        double upper;
-    };
+    /// The positions of lower and upper handle.
+    using Handles = std::pair<double, double>;
 
     Handles handles() const { return {lowerPosition(), upperPosition()}; }
     static Grip gripAt(const Handles& handles, double position, double reach);
+    void tell(double& bound, double value);
     bool moveTo(int lower, int upper);
     /// The range keeps its width and stops at the ends.
     bool moveBoth(int lower, int upper, std::int64_t by);
     /// The whole number that is steps away from a bound; from a fraction the first step leads to the
     /// nearest in that direction.
-    int stepped(double value, int by) const;
-    int rounded(double value) const;
+    int stepped(double value, int by) const
+    {
+        return rounded((by > 0 ? std::floor(value) : std::ceil(value)) + by);
+    }
+    int rounded(double value) const
+    {
+        return static_cast<int>(std::lround(std::clamp<double>(value, m_scale.minimum(), m_scale.maximum())));
+    }
     void putInOrder();
 
     // Where nothing was told, as the fields beside the slider begin.

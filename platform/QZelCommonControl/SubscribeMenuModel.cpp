@@ -24,7 +24,6 @@ QList<QStandardItem*> itemsOf(const QJsonArray& entries, const QString& path)
     QFont bold;
     bold.setBold(true);
     QList<QStandardItem*> items;
-    items.reserve(entries.size());
     for (const QJsonValue& value : entries) {
         const QJsonObject entry = value.toObject();
         const QString label = entry.value(QLatin1String("label")).toString();

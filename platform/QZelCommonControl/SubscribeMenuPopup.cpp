@@ -40,7 +40,6 @@ SubscribeMenuPopup::SubscribeMenuPopup(QWidget* owner)
     });
 
     m_labEmpty->setAlignment(Qt::AlignCenter);
-    m_labEmpty->setMinimumHeight(rowHeight);
 
     m_tree->setModel(&m_model);
     m_tree->setHeaderHidden(true);
