@@ -19,4 +19,10 @@ inline bool needsAll(const ModuleConfiguration& configuration)
         configuration.runParameters.value(QLatin1String(ModuleParameter::judgementMode)).constData());
 }
 
+/// Whether a UI datum says that a bound is subscribed; the datum ends at its NUL.
+inline bool isSubscribed(const ModuleConfiguration& configuration, const QString& sourceKey)
+{
+    return qstrcmp(configuration.uiData.value(sourceKey).constData(), ModuleParameter::subscribedBound) == 0;
+}
+
 } // namespace IfConfiguration

@@ -4,6 +4,10 @@
 #include "condition/ConditionRecord.h"
 #include "judgement/IfConfiguration.h"
 
+#include <QHash>
+
+#include <algorithm>
+#include <charconv>
 #include <cmath>
 
 using namespace ZelCore;
@@ -12,14 +16,40 @@ namespace {
 
 constexpr int longestShownText = 40;
 
-QString named(const QString& what, const QString& problem)
-{
-    return what.isEmpty() ? problem : Judgement::tr("%1: %2").arg(what, problem);
-}
-
 QString noNumber(const QString& text)
 {
     return Judgement::tr("\"%1\" is no number").arg(text.left(longestShownText));
+}
+
+// In front of a problem: what has it.
+QString named(Judgement::OperandKind kind, const QString& problem)
+{
+    return kind == Judgement::Value
+               ? problem
+               : Judgement::tr("%1: %2")
+                     .arg(kind == Judgement::Minimum ? Judgement::tr("minimum") : Judgement::tr("maximum"),
+                          problem);
+}
+
+Judgement::Operand resolved(const ModuleBinding* binding, bool hasTable)
+{
+    Judgement::Operand operand;
+    if (!binding) {
+        operand.problem = Judgement::tr("not bound");
+    } else if (!binding->missing.isEmpty()) {
+        operand.problem = binding->missing;
+    } else if (hasTable && !binding->column.isEmpty()) {
+        operand.column = binding->column;
+    } else if (binding->value.isDouble()) {
+        // Without a column it is the same for every row.
+        operand.constant = binding->value.toDouble();
+    } else if (!binding->value.isNull()) {
+        operand.problem = noNumber(binding->value.toVariant().toString());
+    } else {
+        operand.problem = hasTable ? Judgement::tr("the flow gives %1 no column").arg(binding->source)
+                                   : Judgement::tr("the flow gives %1 no value").arg(binding->source);
+    }
+    return operand;
 }
 
 } // namespace
@@ -41,98 +71,124 @@ QString Judgement::Result::reason() const
     return problem;
 }
 
-Judgement::Judgement(const ModuleConfiguration& configuration, const CsvReader* table)
+Judgement::Judgement(const ModuleConfiguration& configuration, bool hasTable)
     : m_needsAll(IfConfiguration::needsAll(configuration))
 {
-    const auto boundOperand = [&](double constant, const QString& sourceKey, const QString& bindingKey,
-                                  const QString& what) {
-        // The datum ends at its NUL.
-        if (qstrcmp(configuration.uiData.value(sourceKey).constData(), ModuleParameter::subscribedBound) ==
-            0) {
-            return resolved(configuration.binding(SUBSCRIBE_TYPE_RUNPARAM, bindingKey), table, what);
+    QHash<std::pair<int, QString>, const ModuleBinding*> bindings;
+    for (const ModuleBinding& binding : configuration.bindings) {
+        bindings.insert({binding.target.Type, binding.target.Key}, &binding);
+    }
+    const auto add = [&](OperandKind kind, const Operand& operand) {
+        m_operands.push_back(operand);
+        QString& problem = m_operands.back().problem;
+        if (!problem.isEmpty()) {
+            problem = named(kind, problem);
         }
+    };
+    const auto addBound = [&](OperandKind kind, double constant, const QString& sourceKey,
+                              const QString& bindingKey) {
         Operand operand;
         operand.constant = constant;
-        return operand;
+        add(kind, IfConfiguration::isSubscribed(configuration, sourceKey)
+                      ? resolved(bindings.value({SUBSCRIBE_TYPE_RUNPARAM, bindingKey}), hasTable)
+                      : operand);
     };
     const auto stored = StoredCondition::fromStored(IfConfiguration::conditionList(configuration));
     for (const StoredCondition& condition : stored) {
         const QString& name = condition.name;
         m_conditions << Condition{name, condition.note};
-        m_operands << Operands{
-            resolved(configuration.binding(SUBSCRIBE_TYPE_IO, ConditionName::inputIo(name)), table,
-                     QString()),
-            boundOperand(condition.minimum, ConditionName::lowerBoundSourceKey(name),
-                         ConditionName::lowerBoundKey(name), tr("minimum")),
-            boundOperand(condition.maximum, ConditionName::upperBoundSourceKey(name),
-                         ConditionName::upperBoundKey(name), tr("maximum"))};
+        add(Value, resolved(bindings.value({SUBSCRIBE_TYPE_IO, ConditionName::inputIo(name)}), hasTable));
+        addBound(Minimum, condition.minimum, ConditionName::lowerBoundSourceKey(name),
+                 ConditionName::lowerBoundKey(name));
+        addBound(Maximum, condition.maximum, ConditionName::upperBoundSourceKey(name),
+                 ConditionName::upperBoundKey(name));
     }
+    for (const Operand& operand : m_operands) {
+        m_numbers.push_back(operand.constant);
+        m_hasNumber.push_back(operand.problem.isEmpty() ? 1 : 0);
+    }
+    m_outcomes.resize(static_cast<std::size_t>(m_conditions.size()), Outcome::NoValue);
 }
 
-Judgement::Operand Judgement::resolved(const ModuleBinding* binding, const CsvReader* table,
-                                       const QString& what)
+void Judgement::setTable(CsvReader* table)
 {
-    Operand operand;
-    operand.what = what;
-    QString problem;
-    if (!binding) {
-        problem = tr("not bound");
-    } else if (!binding->missing.isEmpty()) {
-        problem = binding->missing;
-    } else if (table && !binding->column.isEmpty()) {
-        operand.column = table->column(binding->column);
-    } else if (binding->value.isDouble()) {
-        // Without a column it is the same for every row.
-        operand.constant = binding->value.toDouble();
-    } else if (!binding->value.isNull()) {
-        problem = noNumber(binding->value.toVariant().toString());
-    } else {
-        problem = table ? tr("the flow gives %1 no column").arg(binding->source)
-                        : tr("the flow gives %1 no value").arg(binding->source);
-    }
-    if (!problem.isEmpty()) {
-        operand.problem = named(what, problem);
-    }
-    return operand;
-}
-
-bool Judgement::judge(const CsvReader::Row& row, QVector<Result>* results) const
-{
-    results->resize(m_operands.size());
-    int met = 0;
-    auto result = results->begin();
-    for (const Operands& operands : m_operands) {
-        result->problem.clear();
-        result->value = numberOf(operands.value, row, &result->problem);
-        result->minimum = numberOf(operands.minimum, row, &result->problem);
-        result->maximum = numberOf(operands.maximum, row, &result->problem);
-        const bool isIn = result->minimum <= result->value && result->value <= result->maximum;
-        result->outcome = !result->problem.isEmpty() ? Outcome::NoValue : isIn ? Outcome::In : Outcome::Out;
-        met += isIn ? 1 : 0;
-        ++result;
-    }
-    return m_needsAll ? met == m_operands.size() : met > 0;
-}
-
-double Judgement::numberOf(const Operand& operand, const CsvReader::Row& row, QString* problem)
-{
-    QString own = operand.problem;
-    if (operand.column >= 0) {
-        const std::string_view field = row[static_cast<std::size_t>(operand.column)];
-        if (const auto number = CsvReader::number(field)) {
-            return *number;
+    m_table = table;
+    for (std::size_t i = 0; i < m_operands.size(); ++i) {
+        if (!m_operands[i].column.isEmpty()) {
+            m_sources.push_back({table->column(m_operands[i].column), i});
         }
-        own = named(operand.what, noNumber(QString::fromUtf8(field.data(), static_cast<int>(field.size()))));
     }
-    // The first problem is the one that is told.
-    if (problem->isEmpty()) {
-        *problem = own;
+}
+
+bool Judgement::judge()
+{
+    for (const Source& source : m_sources) {
+        const auto number = m_table->numberAt(source.column);
+        m_numbers[source.operand] = number.value_or(std::numeric_limits<double>::quiet_NaN());
+        m_hasNumber[source.operand] = number ? 1 : 0;
     }
-    return operand.constant;
+    std::size_t met = 0;
+    const double* numbers = m_numbers.data();
+    const char* hasNumber = m_hasNumber.data();
+    for (Outcome& outcome : m_outcomes) {
+        const bool isIn = numbers[Minimum] <= numbers[Value] && numbers[Value] <= numbers[Maximum];
+        const bool hasAll = hasNumber[Value] & hasNumber[Minimum] & hasNumber[Maximum];
+        outcome = !hasAll ? Outcome::NoValue : isIn ? Outcome::In : Outcome::Out;
+        met += isIn ? 1 : 0;
+        numbers += OperandCount;
+        hasNumber += OperandCount;
+    }
+    return m_needsAll ? met == m_outcomes.size() : met > 0;
+}
+
+Judgement::Result Judgement::result(int condition) const
+{
+    Result result = {outcome(condition), number(condition, Value), number(condition, Minimum),
+                     number(condition, Maximum), {}};
+    // The first problem is reported.
+    for (const OperandKind kind : {Value, Minimum, Maximum}) {
+        const std::size_t index = indexOf(condition, kind);
+        if (m_hasNumber[index]) {
+            continue;
+        }
+        result.problem = m_operands[index].problem;
+        if (result.problem.isEmpty()) {
+            const std::string_view field =
+                m_table->row()[static_cast<std::size_t>(m_table->column(m_operands[index].column))];
+            result.problem =
+                named(kind, noNumber(QString::fromUtf8(field.data(), static_cast<int>(field.size()))));
+        }
+        break;
+    }
+    return result;
+}
+
+char* Judgement::writeNumber(double number, char* to)
+{
+    constexpr int digits = 15;
+    if (std::isnan(number)) {
+        return to;
+    }
+    // No sign in front of a zero.
+    char* const end = std::to_chars(to, to + longestNumber, number == 0.0 ? 0.0 : number,
+                                    std::chars_format::general, digits)
+                          .ptr;
+    // What lies exactly between two texts of 15 digits has at most 22 binary places. The greater is shown for it,
+    // as QString::number() does; to_chars() takes the even one.
+    const double places = number * (1 << 22);
+    if (places == std::trunc(places)) {
+        double shown = 0.0;
+        std::from_chars(to, end, shown);
+        if (shown != number) {
+            const QByteArray text = QByteArray::number(number, 'g', digits);
+            return std::copy(text.cbegin(), text.cend(), to);
+        }
+    }
+    return end;
 }
 
 QString Judgement::numberText(double number)
 {
-    constexpr int digits = 15;
-    return std::isnan(number) ? QString() : QString::number(number, 'g', digits);
+    char text[longestNumber];
+    return QString::fromLatin1(text, static_cast<int>(writeNumber(number, text) - text));
 }

@@ -8,21 +8,36 @@
 #include <QVector>
 
 #include <limits>
+#include <vector>
 
 /// What an If module decides: whether the values of its conditions lie within their bounds, both ends
 /// included, and whether the conditions together are met. Bindings are resolved once, then any number of
-/// rows is judged.
+/// rows is judged, without an allocation for a row.
 class Judgement
 {
     Q_DECLARE_TR_FUNCTIONS(Judgement)
 
 public:
-    enum class Outcome { In, Out, NoValue };
+    enum class Outcome : quint8 { In, Out, NoValue };
 
     struct Condition
     {
         QString name;
         QString note;
+    };
+
+    /// Each condition has three operands, in this order.
+    enum OperandKind { Value, Minimum, Maximum, OperandCount };
+
+    /// Where a number comes from: a constant, a column, or nowhere.
+    struct Operand
+    {
+        /// NaN when it comes from a column or from nowhere.
+        double constant = std::numeric_limits<double>::quiet_NaN();
+        /// Empty when it does not come from a table.
+        QString column;
+        /// Why it comes from nowhere; empty for the others.
+        QString problem;
     };
 
     /// What came out for one condition of a row.
@@ -40,44 +55,57 @@ public:
         QString reason() const;
     };
 
-    /// Judges rows of a table, or without one (null) the sample values that the flow gives. Throws CoreError
-    /// when the table lacks a column.
-    Judgement(const ModuleConfiguration& configuration, const CsvReader* table);
+    /// Judges a table, or without one the sample values that the flow gives.
+    Judgement(const ModuleConfiguration& configuration, bool hasTable);
 
     /// In the order of the module's list.
     const QVector<Condition>& conditions() const { return m_conditions; }
+    bool needsAll() const { return m_needsAll; }
+    const Operand& operand(int condition, OperandKind kind) const
+    {
+        return m_operands[indexOf(condition, kind)];
+    }
 
-    /// Whether the module is OK with a row; an empty row where there is no table. One result for each
-    /// condition; a condition without a value is not met.
-    bool judge(const CsvReader::Row& row, QVector<Result>* results) const;
+    /// Judges the rows of this table from now on, which must outlive the judgement. Throws JudgementError when
+    /// it lacks a column.
+    void setTable(CsvReader* table);
 
-    /// A number as it is shown, in at most 15 digits; empty for a NaN.
+    /// Whether the module is OK with the table's present row, or with the sample values. A condition without a
+    /// value is not met.
+    bool judge();
+
+    /// Of what was judged last.
+    Outcome outcome(int condition) const { return m_outcomes[static_cast<std::size_t>(condition)]; }
+    double number(int condition, OperandKind kind) const { return m_numbers[indexOf(condition, kind)]; }
+    /// The table must still be at the row that was judged.
+    Result result(int condition) const;
+
+    /// Writes a number as it is shown, in at most 15 digits, nothing for a NaN; returns the end. There must be
+    /// room for longestNumber characters.
+    static constexpr int longestNumber = 32;
+    static char* writeNumber(double number, char* to);
     static QString numberText(double number);
 
 private:
-    /// Where a number comes from: a constant, a column, or nowhere.
-    struct Operand
+    struct Source
     {
-        double constant = std::numeric_limits<double>::quiet_NaN();
-        /// -1 when it does not come from a table.
-        int column = -1;
-        /// Why it comes from nowhere.
-        QString problem;
-        /// What it is, in front of a problem; empty for the value under test.
-        QString what;
-    };
-    struct Operands
-    {
-        Operand value;
-        Operand minimum;
-        Operand maximum;
+        int column;
+        std::size_t operand;
     };
 
-    static Operand resolved(const ModuleBinding* binding, const CsvReader* table, const QString& what);
-    static double numberOf(const Operand& operand, const CsvReader::Row& row, QString* problem);
+    static std::size_t indexOf(int condition, OperandKind kind)
+    {
+        return static_cast<std::size_t>(condition) * OperandCount + kind;
+    }
 
     QVector<Condition> m_conditions;
-    /// One for each condition.
-    QVector<Operands> m_operands;
     bool m_needsAll = false;
+    CsvReader* m_table = nullptr;
+    /// For each condition three.
+    std::vector<Operand> m_operands;
+    std::vector<double> m_numbers;
+    std::vector<char> m_hasNumber;
+    /// The operands that come from columns.
+    std::vector<Source> m_sources;
+    std::vector<Outcome> m_outcomes;
 };

@@ -1,6 +1,6 @@
 #include "judgement/SampleRun.h"
 
-#include "EmbeddedCore/CoreError.h"
+#include "judgement/JudgementError.h"
 
 #include <cmath>
 #include <utility>
@@ -10,13 +10,13 @@ QString SampleRun::ConditionTotals::summary() const
     return tr("%1 in, %2 out, %3 without value").arg(in).arg(out).arg(noValue);
 }
 
-std::unique_ptr<SampleRun> SampleRun::open(const ModuleConfiguration& configuration, const QString& csvFile,
+std::unique_ptr<SampleRun> SampleRun::open(const ModuleConfiguration& configuration, const QStringList& csvFiles,
                                            QString* error)
 {
     try {
-        auto table = csvFile.isEmpty() ? nullptr : std::make_unique<CsvReader>(csvFile);
+        auto table = csvFiles.isEmpty() ? nullptr : std::make_unique<CsvReader>(csvFiles);
         return std::unique_ptr<SampleRun>(new SampleRun(configuration, std::move(table)));
-    } catch (const CoreError& failure) {
+    } catch (const JudgementError& failure) {
         *error = failure.text();
         return nullptr;
     }
@@ -24,47 +24,61 @@ std::unique_ptr<SampleRun> SampleRun::open(const ModuleConfiguration& configurat
 
 SampleRun::SampleRun(const ModuleConfiguration& configuration, std::unique_ptr<CsvReader> table)
     : m_table(std::move(table))
-    , m_judgement(configuration, m_table.get())
-    , m_totals(m_judgement.conditions().size())
-{}
-
-bool SampleRun::next(QString* error)
+    , m_judgement(configuration, m_table != nullptr)
+    , m_totals(static_cast<std::size_t>(m_judgement.conditions().size()))
 {
-    try {
-        if (m_table ? !m_table->next() : m_rows > 0) {
-            return false;
-        }
-        judge(m_table ? m_table->row() : CsvReader::Row());
-        return true;
-    } catch (const CoreError& failure) {
-        *error = failure.text();
-        return false;
+    if (m_table) {
+        m_judgement.setTable(m_table.get());
     }
 }
 
-void SampleRun::judge(const CsvReader::Row& row)
+SampleRun::Step SampleRun::next(QString* error)
 {
-    m_isOk = m_judgement.judge(row, &m_results);
+    try {
+        if (m_table ? !m_table->next() : m_rows > 0) {
+            return Step::AtEnd;
+        }
+    } catch (const JudgementError& failure) {
+        *error = failure.text();
+        return Step::Failed;
+    }
+    judge();
+    return Step::Judged;
+}
+
+void SampleRun::judge()
+{
+    m_isOk = m_judgement.judge();
     ++m_rows;
     m_okRows += m_isOk ? 1 : 0;
-    auto totals = m_totals.begin();
-    for (const Judgement::Result& result : std::as_const(m_results)) {
-        switch (result.outcome) {
+    int condition = 0;
+    for (ConditionTotals& totals : m_totals) {
+        switch (m_judgement.outcome(condition)) {
         case Judgement::Outcome::In:
-            ++totals->in;
+            ++totals.in;
             break;
         case Judgement::Outcome::Out:
-            ++totals->out;
+            ++totals.out;
             break;
         case Judgement::Outcome::NoValue:
-            ++totals->noValue;
+            ++totals.noValue;
             break;
         }
-        if (!std::isnan(result.value)) {
-            totals->values.add(result.value);
+        const double value = m_judgement.number(condition, Judgement::Value);
+        if (!std::isnan(value)) {
+            totals.values.add(value);
         }
-        ++totals;
+        ++condition;
     }
+}
+
+QVector<Judgement::Result> SampleRun::results() const
+{
+    QVector<Judgement::Result> results;
+    for (int i = 0; i < conditions().size(); ++i) {
+        results << m_judgement.result(i);
+    }
+    return results;
 }
 
 QString SampleRun::summary() const
@@ -72,7 +86,11 @@ QString SampleRun::summary() const
     if (m_rows == 0) {
         return tr("no rows");
     }
-    const qint64 perMille = m_okRows * 1000 / m_rows;
+    // Rounded half up, by halves of a per mille.
+    qint64 perMille = (m_okRows * 2000 + m_rows) / (2 * m_rows);
+    if (perMille == 1000 && m_okRows != m_rows) {
+        perMille = 999;
+    }
     return tr("%1 rows, %2 OK, %3 not OK, pass rate %4 %")
         .arg(QString::number(m_rows), QString::number(m_okRows), QString::number(m_rows - m_okRows),
              QStringLiteral("%1.%2").arg(perMille / 10).arg(perMille % 10));

@@ -1,6 +1,9 @@
 #include "condition/ConditionName.h"
-#include "judgement/SampleRun.h"
+#include "judgement/ByteSearch.h"
+#include "judgement/JudgementError.h"
+#include "judgement/ResultCsv.h"
 
+#include <QRandomGenerator>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -32,38 +35,151 @@ class tst_judgement : public QObject
     Q_OBJECT
 
 private slots:
+    void tables();
+    void severalFiles();
+    void blockEdges();
+    void separators();
+    void numbers();
     void bounds();
     void values();
     void modes();
     void totals();
+    void passRate();
+    void resultRows();
     void histogram();
 
 private:
+    QString fileOf(const QByteArray& content, const QString& name = "table.csv")
+    {
+        QFile file(m_folder.filePath(name));
+        return file.open(QIODevice::WriteOnly) && file.write(content) == content.size() ? file.fileName()
+                                                                                        : QString();
+    }
+    // Of each row its line, its field of column b and, when it is one, the number; then what was thrown.
+    static QString rowsOf(const QStringList& files)
+    {
+        QString read;
+        try {
+            CsvReader reader(files);
+            const int column = reader.column("b");
+            while (reader.next()) {
+                const std::string field(reader.row()[std::size_t(column)]);
+                const auto number = reader.numberAt(column);
+                read += QString::number(reader.line()) + ' ' + QString::fromStdString(field) +
+                        (number ? QString("=%1|").arg(*number) : "|");
+            }
+        } catch (const JudgementError& error) {
+            const QString file = files.last();
+            read += error.text().startsWith(file) ? error.text().mid(file.size() + 2) : "no file: " + error.text();
+        }
+        return read;
+    }
     std::unique_ptr<SampleRun> open(const ModuleConfiguration& configuration, const QByteArray& table)
     {
-        QFile file(m_folder.filePath("samples.csv"));
-        const bool isWritten = file.open(QIODevice::WriteOnly) && file.write(table) == table.size();
-        file.close();
-        return isWritten ? SampleRun::open(configuration, table.isEmpty() ? "" : file.fileName(), &m_error)
-                         : nullptr;
+        return SampleRun::open(configuration, table.isEmpty() ? QStringList() : QStringList(fileOf(table)),
+                               &m_error);
     }
     // Whether the only row of the table is OK, then of each condition the outcome and its reason.
     QString judged(const ModuleConfiguration& configuration, const QByteArray& table)
     {
         const auto run = open(configuration, table);
-        if (!run || !run->next(&m_error)) {
+        if (!run || run->next(&m_error) != SampleRun::Step::Judged) {
             return m_error;
         }
         QString all = run->isOk() ? "OK" : "not OK";
         for (const Judgement::Result& result : run->results()) {
             all += QStringList({"; in ", "; out ", "; none "})[int(result.outcome)] + result.reason();
         }
-        return run->next(&m_error) || run->rows() != 1 ? "another row" : all;
+        return run->next(&m_error) == SampleRun::Step::AtEnd ? all : "another row";
     }
 
     QTemporaryDir m_folder;
     QString m_error;
 };
+
+void tst_judgement::tables()
+{
+    const std::pair<QByteArray, QString> tables[] = {
+        {"a,b\n1,2\n3,4\n", "2 2=2|3 4=4|"},
+        {"a,b\r\n1,2\r\n3,4", "2 2=2|3 4=4|"},
+        {"\xef\xbb\xbf\"b\",a\n1,2\n", "2 1=1|"}, // a byte order mark
+        {"a,\"b\"\n1,\"x, \"\"y\"\"\nz\"\n3,4\n", "2 x, \"y\"\nz|4 4=4|"},
+        {"b,a\n\"\"\"\",\"\"\r\nx\"y\",\r\n", "2 \"|3 x\"y\"|"},
+        {"a,b\n\n,\n\n1,2\n", "3 |5 2=2|"},
+        {"a,b\n", ""},
+        {"a,b\n1,2\n3\n", "2 2=2|line 3: 1 fields where the header has 2"},
+        {"a,b\n1,2,3\n", "line 2: 3 fields where the header has 2"},
+        {"a,b\n\"1\n\",\"2\n3,4\n", "line 3: a quote is not closed"},
+        {"a,b\n1,\"2\"3\n", "line 2: text behind a closing quote"},
+        {"a,b\n1,\"" + QByteArray(2000000, 'x'), "line 2: the row is too long; perhaps a quote is not closed"},
+        {"a,c\n1,2\n", "line 1: there is no column b"},
+        {"b,b\n1,2\n", "line 1: 2 columns have the name b"},
+        {"", "the file is empty"},
+        // Without a comma in the header semicolons or tabs separate, and a decimal comma is read.
+        {"a;b\n1;2,5\n\"x;\";-0,5\n3;1.5\n4;1,5,5\n5;1.5,5\n",
+         "2 2,5=2.5|3 -0,5=-0.5|4 1.5=1.5|5 1,5,5|6 1.5,5|"},
+        {"a\tb\n1\t2,5\n", "2 2,5=2.5|"},
+        {"a;b,b\n1;2,5\n", "2 5=5|"},
+        {"a|b\n1|2\n", "line 1: there is no column b; found one column 'a|b': separated by '|'?"},
+        {QByteArray("\xff\xfe" "a\0,\0b\0", 8), "line 1: the text is UTF-16 or no text; it has to be UTF-8"},
+        {QByteArray("a\0,\0b\0", 6), "line 1: the text is UTF-16 or no text; it has to be UTF-8"},
+    };
+    for (const auto& [content, expected] : tables) {
+        QCOMPARE(content.left(40) + " -> " + rowsOf({fileOf(content)}), content.left(40) + " -> " + expected);
+    }
+    QVERIFY(rowsOf({m_folder.filePath("missing.csv")}).startsWith("No such file"));
+}
+
+void tst_judgement::severalFiles()
+{
+    const QString first = fileOf("a,b\n1,2", "first.csv");
+    QCOMPARE(rowsOf({first, fileOf("a,b\n3,4\n5,6\n", "second.csv")}), QString("2 2=2|2 4=4|3 6=6|"));
+    QCOMPARE(rowsOf({first, fileOf("b,a\n3,4\n", "second.csv")}),
+             "2 2=2|line 1: the header differs from that of " + first);
+}
+
+// Rows of every kind at every place around the end of the reader's first block.
+void tst_judgement::blockEdges()
+{
+    constexpr int blockSize = 1 << 18;
+    for (int before = 0; before < 24; ++before) {
+        QByteArray content = "a,b\n";
+        content += QByteArray(blockSize - before - content.size() - 4, 'x') + ",12\n";
+        content += "\"u\"\"v\",\"1\"\r\n\"\n\",\"\"\"\"\r\n,345\r\n";
+        QCOMPARE(QString::number(before) + rowsOf({fileOf(content)}),
+                 QString::number(before) + "2 12=12|3 1=1|4 \"|6 345=345|");
+    }
+}
+
+void tst_judgement::separators()
+{
+    QRandomGenerator random(1);
+    for (int i = 0; i < 1000; ++i) {
+        char bytes[ByteSearch::width];
+        std::generate(std::begin(bytes), std::end(bytes), [&] { return "\n,;\x8c-\xff"[random.bounded(6)]; });
+        QCOMPARE(ByteSearch::find(bytes, ',', '\n'), ByteSearch::findPlainly(bytes, ',', '\n'));
+    }
+    QCOMPARE(ByteSearch::findPlainly(QByteArray("x,\n").leftJustified(63, 'x').append(','), ',', '\n'),
+             quint64(6) | quint64(1) << 63);
+}
+
+// As the locale's neighbour writes them, a decimal point is what counts.
+void tst_judgement::numbers()
+{
+    QLocale::setDefault(QLocale(QLocale::German));
+    const auto reset = qScopeGuard([] { QLocale::setDefault(QLocale::c()); });
+    const std::pair<const char*, double> numbers[] = {
+        {"0", 0.0},        {"-1.5", -1.5}, {"1e-3", 0.001}, {"12500.25", 12500.25}, {" \t+2", 2.0},
+        {"3 ", 3.0},       {".5", 0.5},    {"5.", 5.0},     {"-0", 0.0},            {"1E5", 1e5},
+        {"0.1", 0.1},      {"4.9e-324", 4.9e-324},          {"123456789012345678", 123456789012345678.0}};
+    for (const auto& [field, expected] : numbers) {
+        QVERIFY2(CsvReader::number(field) == expected, field);
+    }
+    for (const char* const field : {"", " ", "x", "1,5", "1.5 mm", "nan", "inf", "-inf", "1e999", "1e-999", "0x10",
+                                    "+-1", "++1", "- 1", "1e", "."}) {
+        QVERIFY2(!CsvReader::number(field), field);
+    }
+}
 
 // Of fields for the value, the lower and the upper bound; the bounds that have one are subscribed.
 void tst_judgement::bounds()
@@ -103,8 +219,8 @@ void tst_judgement::values()
     QCOMPARE(judged(configuration, "a\n15\n"),
              QString("not OK; none not bound; none it is gone; none the flow gives 5. no column"));
     const auto run = open(configuration, "a\n15\n");
-    QVERIFY(run && run->next(&m_error));
-    const Judgement::Result unbound = run->results().first();
+    QVERIFY(run && run->next(&m_error) == SampleRun::Step::Judged);
+    const Judgement::Result unbound = run->judgement().result(0);
     QVERIFY(std::isnan(unbound.value) && unbound.minimum == 10.0 && unbound.maximum == 20.0);
     // A value without a column is the same for every row.
     configuration.bindings.last().value = 12;
@@ -145,12 +261,51 @@ void tst_judgement::totals()
     bind(configuration, SUBSCRIBE_TYPE_IO, inputIo("int0"), "a");
     const auto run = open(configuration, "a\n1\n2\n99\nx\n3\n4,4\n5\n");
     QVERIFY(run);
-    while (run->next(&m_error)) {
+    auto step = SampleRun::Step::Judged;
+    while (step == SampleRun::Step::Judged) {
+        step = run->next(&m_error);
     }
+    QCOMPARE(step, SampleRun::Step::Failed);
     QVERIFY2(m_error.contains("line 7"), qPrintable(m_error));
     QCOMPARE(run->summary(), QString("5 rows, 3 OK, 2 not OK, pass rate 60.0 %"));
-    QCOMPARE(run->totals().first().summary(), QString("3 in, 1 out, 1 without value"));
-    QCOMPARE(run->totals().first().values.count(), 4);
+    QCOMPARE(run->totals(0).summary(), QString("3 in, 1 out, 1 without value"));
+    QCOMPARE(run->totals(0).values.count(), 4);
+}
+
+// Of so many good and bad rows; 100 % means all, everything else is rounded to the nearest.
+void tst_judgement::passRate()
+{
+    auto configuration = configurationOf("%int0%:1:1:;");
+    bind(configuration, SUBSCRIBE_TYPE_IO, inputIo("int0"), "a");
+    for (const auto& [good, bad, rate] : {std::tuple(1, 0, "100.0"), {0, 1, "0.0"}, {2, 1, "66.7"}, {1, 2, "33.3"},
+                                          {1, 15, "6.3"}, {3000, 1, "99.9"}, {1, 1999, "0.1"}, {1, 2000, "0.0"}}) {
+        const auto run = open(configuration, "a\n" + QByteArray("1\n").repeated(good) + QByteArray("0\n").repeated(bad));
+        while (run && run->next(&m_error) == SampleRun::Step::Judged) {
+        }
+        QVERIFY2(run && run->summary().contains(QString("rate %1 %").arg(rate)), rate);
+    }
+}
+
+// In at most 15 digits, and the text of a line is the same whatever stood in the buffer before.
+void tst_judgement::resultRows()
+{
+    auto configuration = configurationOf("%int0%:1:9:;%float0%:0.100:1e300:;", "2");
+    bind(configuration, SUBSCRIBE_TYPE_IO, inputIo("int0"), "a");
+    bind(configuration, SUBSCRIBE_TYPE_IO, inputIo("float0"), "b");
+    const auto run = open(configuration, "a,b\n5,0.30000000000000004\n-0,1e-7\n10,12345678901234567890\nx,100000\n");
+    QVERIFY(run);
+    const ResultCsv csv(*run);
+    QByteArray text;
+    csv.appendHeader(&text);
+    while (run->next(&m_error) == SampleRun::Step::Judged) {
+        csv.appendRow(&text);
+    }
+    QCOMPARE(text.replace('"', ""), QByteArray("line,result,%int0Out%,%int0Min%,%int0Max%,int0,"
+                                               "%float0Out%,%float0Min%,%float0Max%,float0\n"
+                                               "2,OK,5,1,9,in,0.3,0.1,1e+300,in\n"
+                                               "3,not OK,0,1,9,out,1e-07,0.1,1e+300,out\n"
+                                               "4,OK,10,1,9,out,1.23456789012346e+19,0.1,1e+300,in\n"
+                                               "5,OK,,1,9,no value,100000,0.1,1e+300,in\n"));
 }
 
 // Every value is counted in the bin that it lies in, however the bins have widened meanwhile.
@@ -167,7 +322,7 @@ void tst_judgement::histogram()
         const double to = histogram.lowerEdge(bin + 1);
         const auto count = std::count_if(values.cbegin(), values.cend(),
                                          [&](double value) { return value >= from && value < to; });
-        QCOMPARE(histogram.bins()[bin], qint64(count));
+        QCOMPARE(histogram.bins()[std::size_t(bin)], qint64(count));
     }
     QCOMPARE(histogram.count(), 300);
     QCOMPARE(histogram.minimum(), *std::min_element(values.cbegin(), values.cend()));

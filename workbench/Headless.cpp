@@ -1,113 +1,129 @@
 #include "Headless.h"
 
-#include "EmbeddedCore/EmbeddedCore.h"
-#include "condition/ConditionName.h"
 #include "inspector/ConfigurationJson.h"
-#include "judgement/SampleRun.h"
+#include "judgement/ResultCsv.h"
 
 #include <QCoreApplication>
+#include <QElapsedTimer>
 #include <QJsonDocument>
 
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
 
+#include <unistd.h>
+
 namespace {
 
-// Words of the output, the same in every language.
-QByteArray wordOf(Judgement::Outcome outcome)
+constexpr int bufferSize = 1 << 16;
+
+/// On standard error, while a run takes long and a person watches.
+class ProgressLine
 {
-    switch (outcome) {
-    case Judgement::Outcome::In:
-        return "in";
-    case Judgement::Outcome::Out:
-        return "out";
-    case Judgement::Outcome::NoValue:
-        break;
+public:
+    explicit ProgressLine(bool isWanted)
+        : m_isWanted(isWanted)
+    {
+        m_timer.start();
     }
-    return "no value";
-}
-
-QByteArray quoted(const QString& text)
-{
-    QByteArray field = text.toUtf8();
-    return '"' + field.replace('"', "\"\"") + '"';
-}
-
-QByteArray headerOf(const QVector<Judgement::Condition>& conditions)
-{
-    QByteArray line = "line,result";
-    for (const Judgement::Condition& condition : conditions) {
-        const QString& name = condition.name;
-        for (const QString& column :
-             {ConditionName::valueOutputIo(name), ConditionName::minimumOutputIo(name),
-              ConditionName::maximumOutputIo(name), name}) {
-            line += ',' + quoted(column);
+    ~ProgressLine()
+    {
+        if (m_shown > 0) {
+            std::fputs("\r\033[K", stderr);
         }
     }
-    return line + '\n';
-}
+    Q_DISABLE_COPY(ProgressLine)
 
-QByteArray rowOf(const SampleRun& run)
-{
-    QByteArray line = QByteArray::number(run.line()) + (run.isOk() ? ",OK" : ",not OK");
-    for (const Judgement::Result& result : run.results()) {
-        for (const double number : {result.value, result.minimum, result.maximum}) {
-            line += ',' + Judgement::numberText(number).toLatin1();
+    void update(const SampleRun& run)
+    {
+        constexpr int rowsBetweenLooks = 1024; // at the clock
+        if (m_isWanted && run.rows() % rowsBetweenLooks == 0 && m_timer.elapsed() / 1000 > m_shown) {
+            m_shown = m_timer.elapsed() / 1000;
+            const QString text = QCoreApplication::translate("Headless", "%1 rows, %2 % of the input")
+                                     .arg(run.rows())
+                                     .arg(static_cast<int>(run.progress() * 100));
+            std::fprintf(stderr, "\r%s", qUtf8Printable(text));
         }
-        line += ',' + wordOf(result.outcome);
     }
-    return line + '\n';
+
+private:
+    bool m_isWanted;
+    QElapsedTimer m_timer;
+    /// Seconds.
+    qint64 m_shown = 0;
+};
+
+QByteArray totalsOf(const SampleRun& run)
+{
+    QString text = run.summary() + QLatin1Char('\n');
+    for (int i = 0; i < run.conditions().size(); ++i) {
+        text += QStringLiteral("%1: %2\n").arg(run.conditions().at(i).name, run.totals(i).summary());
+    }
+    return text.toUtf8();
 }
 
-bool print(const QByteArray& bytes)
+bool write(const QByteArray& bytes)
 {
     return std::fwrite(bytes.constData(), 1, static_cast<std::size_t>(bytes.size()), stdout) ==
            static_cast<std::size_t>(bytes.size());
 }
 
-// Also tells what earlier prints could not write.
-bool finish(QString* error)
+} // namespace
+
+std::optional<bool> Headless::printRun(const ModuleConfiguration& configuration, const QStringList& csvFiles,
+                                       bool totalsOnly, QString* error)
 {
-    if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) {
+    const auto run = SampleRun::open(configuration, csvFiles, error);
+    if (!run) {
+        return std::nullopt;
+    }
+    const ResultCsv csv(*run);
+    QByteArray rows;
+    rows.reserve(2 * bufferSize);
+    if (!totalsOnly) {
+        csv.appendHeader(&rows);
+    }
+    auto step = SampleRun::Step::Judged;
+    {
+        ProgressLine progress(isatty(STDERR_FILENO) && (totalsOnly || !isatty(STDOUT_FILENO)));
+        while ((step = run->next(error)) == SampleRun::Step::Judged) {
+            if (!totalsOnly) {
+                csv.appendRow(&rows);
+                if (rows.size() >= bufferSize) {
+                    if (!write(rows)) {
+                        break;
+                    }
+                    rows.resize(0);
+                }
+            }
+            progress.update(*run);
+        }
+    }
+    if (!print(rows, error) || step == SampleRun::Step::Failed) {
+        return std::nullopt;
+    }
+    if (totalsOnly) {
+        if (!print(totalsOf(*run), error)) {
+            return std::nullopt;
+        }
+    } else {
+        std::fputs(totalsOf(*run).constData(), stderr);
+    }
+    return run->okRows() == run->rows();
+}
+
+bool Headless::printConfiguration(const ModuleConfiguration& configuration, QString* error)
+{
+    return print(QJsonDocument(ConfigurationJson::of(configuration)).toJson(), error);
+}
+
+bool Headless::print(const QByteArray& text, QString* error)
+{
+    // Also reports what earlier writes could not write.
+    if (write(text) && std::fflush(stdout) == 0 && std::ferror(stdout) == 0) {
         return true;
     }
     *error = QCoreApplication::translate("Headless", "Standard output can't be written: %1")
                  .arg(QString::fromLocal8Bit(std::strerror(errno)));
     return false;
-}
-
-} // namespace
-
-bool Headless::printRun(const EmbeddedCore& core, unsigned int moduleId, const QString& csvFile,
-                        QString* error)
-{
-    const auto configuration = core.configuration(moduleId, error);
-    const auto run = configuration ? SampleRun::open(*configuration, csvFile, error) : nullptr;
-    if (!run) {
-        return false;
-    }
-    bool isWritten = print(headerOf(run->conditions()));
-    while (isWritten && run->next(error)) {
-        isWritten = print(rowOf(*run));
-    }
-    if (!finish(error) || !error->isEmpty()) {
-        return false;
-    }
-    std::fprintf(stderr, "%s\n", qUtf8Printable(run->summary()));
-    for (int i = 0; i < run->totals().size(); ++i) {
-        std::fprintf(stderr, "%s: %s\n", qUtf8Printable(run->conditions().at(i).name),
-                     qUtf8Printable(run->totals().at(i).summary()));
-    }
-    return true;
-}
-
-bool Headless::printConfiguration(const EmbeddedCore& core, unsigned int moduleId, QString* error)
-{
-    const auto configuration = core.configuration(moduleId, error);
-    if (!configuration) {
-        return false;
-    }
-    print(QJsonDocument(ConfigurationJson::of(*configuration)).toJson());
-    return finish(error);
 }

@@ -1,19 +1,27 @@
 #pragma once
 
-#include <QString>
+#include "EmbeddedCore/ModuleConfiguration.h"
 
-class EmbeddedCore;
+#include <QString>
+#include <QStringList>
+
+#include <optional>
 
 /// What the workbench does without a window: prints on standard output.
 namespace Headless {
 
-/// Judges each row of a CSV file and prints the results as CSV: line, result, and for each condition what its
-/// outputs carry and the outcome. A summary goes to standard error. False, and a sentence in error, when
-/// anything can't be read or written; rows before the broken one are printed.
-bool printRun(const EmbeddedCore& core, unsigned int moduleId, const QString& csvFile, QString* error);
+/// Judges the rows of CSV files with one header, "-" for standard input, and prints the results as CSV, see
+/// ResultCsv, and the totals on standard error; or prints the totals only, on standard output. Shows on a
+/// terminal how far a long run is. Returns whether all rows are OK; nothing, and a sentence in error, when
+/// anything can't be read or written: rows before the broken one are printed.
+std::optional<bool> printRun(const ModuleConfiguration& configuration, const QStringList& csvFiles,
+                             bool totalsOnly, QString* error);
 
 /// Prints all that the core holds for a module as JSON, keys in alphabetical order. False, and a sentence
-/// in error, when it can't be read or written.
-bool printConfiguration(const EmbeddedCore& core, unsigned int moduleId, QString* error);
+/// in error, when it can't be written.
+bool printConfiguration(const ModuleConfiguration& configuration, QString* error);
+
+/// Prints a text; false, and a sentence in error, when it can't be written.
+bool print(const QByteArray& text, QString* error);
 
 } // namespace Headless

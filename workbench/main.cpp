@@ -54,9 +54,10 @@ int runHeadless(const WorkbenchOptions& options, QString* error)
     }
     const QString storeFile = options.storeFile(flow->name());
     const auto core = EmbeddedCore::open(std::move(*flow), storeFile, error);
+    const auto configuration = core ? core->configuration(*moduleId, error) : std::nullopt;
     const bool isDone =
-        core && (options.asksForDump() ? Headless::printConfiguration(*core, *moduleId, error)
-                                       : Headless::printRun(*core, *moduleId, options.runFile(), error));
+        configuration && (options.asksForDump() ? Headless::printConfiguration(*configuration, error)
+                                       : Headless::printRun(*configuration, {options.runFile()}, false, error).has_value());
     return isDone ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 

@@ -1,6 +1,6 @@
-#include "EmbeddedCore/CoreError.h"
 #include "FuzzFile.h"
 #include "judgement/CsvReader.h"
+#include "judgement/JudgementError.h"
 
 #include <cstdlib>
 
@@ -9,13 +9,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 {
     const QString file = fuzzFile(data, size);
     try {
-        CsvReader reader(file);
+        CsvReader reader({file});
         while (reader.next()) {
-            for (const std::string_view field : reader.row()) {
-                CsvReader::number(field);
+            for (std::size_t i = 0; i < reader.row().size(); ++i) {
+                reader.numberAt(static_cast<int>(i));
             }
         }
-    } catch (const CoreError& error) {
+    } catch (const JudgementError& error) {
         if (!QString::fromUtf8(error.what()).contains(file)) {
             std::abort();
         }

@@ -107,9 +107,9 @@ void HistogramView::paintEvent(QPaintEvent*)
                          rangeColour);
     }
 
-    const QVector<qint64>& bins = m_values.bins();
+    const auto& bins = m_values.bins();
     const auto highest = static_cast<double>(*std::max_element(bins.cbegin(), bins.cend()));
-    for (int i = 0; i < bins.size(); ++i) {
+    for (int i = 0; i < Histogram::binCount; ++i) {
         if (bins[i] > 0) {
             const double left = xOf(m_values.lowerEdge(i));
             const double width = std::max(xOf(m_values.lowerEdge(i + 1)) - left, 1.0);

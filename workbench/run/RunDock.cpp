@@ -257,7 +257,8 @@ bool RunDock::begin(const ModuleConfiguration& configuration)
     const QString shown = m_condition->currentText();
     reset();
     QString error;
-    m_run = SampleRun::open(configuration, m_source->currentData().toString(), &error);
+    const QString file = m_source->currentData().toString();
+    m_run = SampleRun::open(configuration, file.isEmpty() ? QStringList() : QStringList(file), &error);
     showProblem(error);
     if (!m_run) {
         return false;
@@ -282,8 +283,14 @@ bool RunDock::judgeRows(qint64 limit)
     QVector<ResultModel::Row> rows;
     QString error;
     const bool wasEmpty = m_results.rowCount() == 0;
-    for (qint64 i = 0; i < limit && !m_isAtEnd && !timer.hasExpired(chunkMilliseconds); ++i) {
-        m_isAtEnd = !m_run->next(&error);
+    auto step = SampleRun::Step::Judged;
+    constexpr int rowsBetweenLooks = 64; // at the clock
+    for (qint64 i = 0; i < limit && !m_isAtEnd; ++i) {
+        if (i % rowsBetweenLooks == 0 && timer.hasExpired(chunkMilliseconds)) {
+            break;
+        }
+        step = m_run->next(&error);
+        m_isAtEnd = step != SampleRun::Step::Judged;
         if (!m_isAtEnd && rows.size() < m_results.room()) {
             rows << ResultModel::Row{m_run->line(), m_run->isOk(), m_run->results()};
         }
@@ -292,8 +299,9 @@ bool RunDock::judgeRows(qint64 limit)
     if (wasEmpty) {
         m_table->resizeColumnsToContents();
     }
-    m_progress->setValue(m_isAtEnd && error.isEmpty() ? progressSteps
-                                                      : static_cast<int>(m_run->progress() * progressSteps));
+    m_progress->setValue(step == SampleRun::Step::AtEnd
+                             ? progressSteps
+                             : static_cast<int>(m_run->progress() * progressSteps));
     showProblem(error);
     showTotals();
     return !m_isAtEnd;
@@ -322,15 +330,16 @@ void RunDock::showTotals()
 void RunDock::showCondition()
 {
     const int index = m_condition->currentIndex();
-    if (!m_run || index < 0 || m_run->results().isEmpty()) {
+    if (!m_run || index < 0 || m_run->rows() == 0) {
         m_conditionTotals->clear();
         m_histogram->clear();
         return;
     }
-    const SampleRun::ConditionTotals& totals = m_run->totals().at(index);
-    const Judgement::Result& last = m_run->results().at(index);
+    const SampleRun::ConditionTotals& totals = m_run->totals(index);
+    const Judgement& last = m_run->judgement();
     m_conditionTotals->setText(totals.summary());
-    m_histogram->show(totals.values, last.minimum, last.maximum);
+    m_histogram->show(totals.values, last.number(index, Judgement::Minimum),
+                      last.number(index, Judgement::Maximum));
 }
 
 void RunDock::showProblem(const QString& text)
