@@ -1,5 +1,5 @@
-// The floor of a run: reads a table without quotes, judges four columns and prints as if-workbench --run does,
-// with nothing of the project in it. With --summary it only counts.
+// The floor of a run: reads a table without quotes, judges four columns and prints as if-workbench --run
+// does, with nothing of the project in it. With --summary it only counts.
 //   run_floor [--summary] < table.csv
 
 #include <algorithm>
@@ -35,8 +35,8 @@ unsigned separatorsIn(const char* bytes)
 {
 #if defined(__SSE2__)
     const __m128i block = _mm_loadu_si128(reinterpret_cast<const __m128i*>(bytes));
-    return static_cast<unsigned>(_mm_movemask_epi8(_mm_or_si128(_mm_cmpeq_epi8(block, _mm_set1_epi8(',')),
-                                                                _mm_cmpeq_epi8(block, _mm_set1_epi8('\n')))));
+    return static_cast<unsigned>(_mm_movemask_epi8(
+        _mm_or_si128(_mm_cmpeq_epi8(block, _mm_set1_epi8(',')), _mm_cmpeq_epi8(block, _mm_set1_epi8('\n')))));
 #else
     unsigned found = 0;
     for (int i = 0; i < width; ++i) {
@@ -98,7 +98,8 @@ int main(int argc, char** argv)
                         }
                         put("\n");
                         if (static_cast<std::size_t>(out - output.data()) > blockSize) {
-                            std::fwrite(output.data(), 1, static_cast<std::size_t>(out - output.data()), stdout);
+                            std::fwrite(output.data(), 1, static_cast<std::size_t>(out - output.data()),
+                                        stdout);
                             out = output.data();
                         }
                     }

@@ -41,9 +41,8 @@ inline std::uint64_t find(const char* bytes, char first, char second)
     std::uint64_t found = 0;
     for (int i = 0; i < width; i += 16) {
         const uint8x16_t block = vld1q_u8(reinterpret_cast<const std::uint8_t*>(bytes + i));
-        const uint8x16_t equal =
-            vorrq_u8(vceqq_u8(block, vdupq_n_u8(static_cast<std::uint8_t>(first))),
-                     vceqq_u8(block, vdupq_n_u8(static_cast<std::uint8_t>(second))));
+        const uint8x16_t equal = vorrq_u8(vceqq_u8(block, vdupq_n_u8(static_cast<std::uint8_t>(first))),
+                                          vceqq_u8(block, vdupq_n_u8(static_cast<std::uint8_t>(second))));
         const uint8x16_t marked = vandq_u8(equal, vld1q_u8(bits));
         found |= std::uint64_t(vaddv_u8(vget_low_u8(marked)) | vaddv_u8(vget_high_u8(marked)) << 8) << i;
     }

@@ -119,8 +119,9 @@ bool CsvReader::next()
                 return false;
             }
             open(m_files.at(++m_fileIndex));
-            if (!std::equal(m_row.cbegin(), m_row.cend(), m_header.cbegin(), m_header.cend(),
-                            [](std::string_view field, const QString& name) { return textOf(field) == name; })) {
+            if (!std::equal(
+                    m_row.cbegin(), m_row.cend(), m_header.cbegin(), m_header.cend(),
+                    [](std::string_view field, const QString& name) { return textOf(field) == name; })) {
                 fail(1, tr("the header differs from that of %1").arg(m_files.first()));
             }
         }
@@ -155,8 +156,8 @@ std::optional<double> CsvReader::number(std::string_view field)
     if (failure != std::errc() || stop != end || !std::isfinite(value)) {
         return std::nullopt;
     }
-    if (value == 0.0 && field.substr(0, field.find_first_of("eE")).find_first_of("123456789") !=
-                            std::string_view::npos) {
+    if (value == 0.0 &&
+        field.substr(0, field.find_first_of("eE")).find_first_of("123456789") != std::string_view::npos) {
         return std::nullopt; // too small for a number that is not 0
     }
     return value;
@@ -185,7 +186,8 @@ void CsvReader::fail(qint64 line, const QString& text) const
 
 QString CsvReader::shownName() const
 {
-    return m_file.fileName() == QLatin1String("-") ? tr("standard input") : m_file.fileName();
+    const QString file = m_files.at(m_fileIndex);
+    return file == QLatin1String("-") ? tr("standard input") : file;
 }
 
 bool CsvReader::readRow()
@@ -221,7 +223,7 @@ bool CsvReader::parseRow()
             bool isDoubled = false;
             for (end = begin;; end += 2) {
                 end = std::find(end, const_cast<const char*>(m_end), '"');
-                if (needsMore(end + 1)) {
+                if (needsMore(end)) {
                     return false;
                 }
                 if (end == m_end) {

@@ -33,7 +33,8 @@ void Histogram::widen()
     const auto half = [](qint64 multiple) { return multiple >> 1; }; // rounds down
     std::array<qint64, binCount> bins = {};
     for (int i = 0; i < binCount; ++i) {
-        bins[static_cast<std::size_t>(half(m_first + i) - half(m_first))] += m_bins[static_cast<std::size_t>(i)];
+        bins[static_cast<std::size_t>(half(m_first + i) - half(m_first))] +=
+            m_bins[static_cast<std::size_t>(i)];
     }
     m_bins = bins;
     m_first = half(m_first);

@@ -26,9 +26,9 @@ QString named(Judgement::OperandKind kind, const QString& problem)
 {
     return kind == Judgement::Value
                ? problem
-               : Judgement::tr("%1: %2")
-                     .arg(kind == Judgement::Minimum ? Judgement::tr("minimum") : Judgement::tr("maximum"),
-                          problem);
+               : Judgement::tr("%1: %2").arg(kind == Judgement::Minimum ? Judgement::tr("minimum")
+                                                                        : Judgement::tr("maximum"),
+                                             problem);
 }
 
 Judgement::Operand resolved(const ModuleBinding* binding, bool hasTable)
@@ -143,8 +143,11 @@ bool Judgement::judge()
 
 Judgement::Result Judgement::result(int condition) const
 {
-    Result result = {outcome(condition), number(condition, Value), number(condition, Minimum),
-                     number(condition, Maximum), {}};
+    Result result = {outcome(condition),
+                     number(condition, Value),
+                     number(condition, Minimum),
+                     number(condition, Maximum),
+                     {}};
     // The first problem is reported.
     for (const OperandKind kind : {Value, Minimum, Maximum}) {
         const std::size_t index = indexOf(condition, kind);
@@ -173,8 +176,8 @@ char* Judgement::writeNumber(double number, char* to)
     char* const end = std::to_chars(to, to + longestNumber, number == 0.0 ? 0.0 : number,
                                     std::chars_format::general, digits)
                           .ptr;
-    // What lies exactly between two texts of 15 digits has at most 22 binary places. The greater is shown for it,
-    // as QString::number() does; to_chars() takes the even one.
+    // What lies exactly between two texts of 15 digits has at most 22 binary places. The greater is shown for
+    // it, as QString::number() does; to_chars() takes the even one.
     const double places = number * (1 << 22);
     if (places == std::trunc(places)) {
         double shown = 0.0;

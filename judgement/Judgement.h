@@ -66,12 +66,12 @@ public:
         return m_operands[indexOf(condition, kind)];
     }
 
-    /// Judges the rows of this table from now on, which must outlive the judgement. Throws JudgementError when
-    /// it lacks a column.
+    /// Judges the rows of this table from now on, which must outlive the judgement. Throws JudgementError
+    /// when it lacks a column.
     void setTable(CsvReader* table);
 
-    /// Whether the module is OK with the table's present row, or with the sample values. A condition without a
-    /// value is not met.
+    /// Whether the module is OK with the table's present row, or with the sample values. A condition without
+    /// a value is not met.
     bool judge();
 
     /// Of what was judged last.
@@ -80,8 +80,8 @@ public:
     /// The table must still be at the row that was judged.
     Result result(int condition) const;
 
-    /// Writes a number as it is shown, in at most 15 digits, nothing for a NaN; returns the end. There must be
-    /// room for longestNumber characters.
+    /// Writes a number as it is shown, in at most 15 digits, nothing for a NaN; returns the end. There must
+    /// be room for longestNumber characters.
     static constexpr int longestNumber = 32;
     static char* writeNumber(double number, char* to);
     static QString numberText(double number);

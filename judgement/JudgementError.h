@@ -4,8 +4,8 @@
 
 #include <stdexcept>
 
-/// Why values can't be judged, a sentence for the user. Thrown inside judgement/ only: SampleRun reports it as
-/// a text.
+/// Why values can't be judged, a sentence for the user. Thrown inside judgement/ only: SampleRun reports it
+/// as a text.
 class JudgementError : public std::runtime_error
 {
 public:

@@ -31,8 +31,9 @@ ResultCsv::ResultCsv(const SampleRun& run)
     for (int i = 0; i < run.conditions().size(); ++i) {
         for (const Judgement::OperandKind kind : kinds) {
             const Judgement::Operand& operand = run.judgement().operand(i, kind);
-            m_constants.push_back(
-                operand.column.isEmpty() ? ',' + Judgement::numberText(operand.constant).toLatin1() : QByteArray());
+            m_constants.push_back(operand.column.isEmpty()
+                                      ? ',' + Judgement::numberText(operand.constant).toLatin1()
+                                      : QByteArray());
         }
     }
     constexpr int lineAndResult = 40;

@@ -10,8 +10,8 @@ QString SampleRun::ConditionTotals::summary() const
     return tr("%1 in, %2 out, %3 without value").arg(in).arg(out).arg(noValue);
 }
 
-std::unique_ptr<SampleRun> SampleRun::open(const ModuleConfiguration& configuration, const QStringList& csvFiles,
-                                           QString* error)
+std::unique_ptr<SampleRun> SampleRun::open(const ModuleConfiguration& configuration,
+                                           const QStringList& csvFiles, QString* error)
 {
     try {
         auto table = csvFiles.isEmpty() ? nullptr : std::make_unique<CsvReader>(csvFiles);

@@ -32,9 +32,10 @@ public:
     enum class Step { Judged, AtEnd, Failed };
 
     /// A run over the rows of CSV files with one header, see CsvReader, or without files over the one set of
-    /// values that the flow gives. Null, and a sentence in error, when a file can't be read or lacks a column.
-    static std::unique_ptr<SampleRun> open(const ModuleConfiguration& configuration, const QStringList& csvFiles,
-                                           QString* error);
+    /// values that the flow gives. Null, and a sentence in error, when a file can't be read or lacks a
+    /// column.
+    static std::unique_ptr<SampleRun> open(const ModuleConfiguration& configuration,
+                                           const QStringList& csvFiles, QString* error);
 
     /// Judges the next row; Failed, with a sentence in error, where a file is broken.
     Step next(QString* error);
@@ -50,7 +51,10 @@ public:
     /// 0 to 1; 0 while its end is not known.
     double progress() const { return m_table ? m_table->progress() : 0.0; }
     const QVector<Judgement::Condition>& conditions() const { return m_judgement.conditions(); }
-    const ConditionTotals& totals(int condition) const { return m_totals[static_cast<std::size_t>(condition)]; }
+    const ConditionTotals& totals(int condition) const
+    {
+        return m_totals[static_cast<std::size_t>(condition)];
+    }
     qint64 rows() const { return m_rows; }
     qint64 okRows() const { return m_okRows; }
     /// "569 rows, 357 OK, 212 not OK, pass rate 62.7 %"; 100 % means all.

@@ -70,7 +70,8 @@ private:
             }
         } catch (const JudgementError& error) {
             const QString file = files.last();
-            read += error.text().startsWith(file) ? error.text().mid(file.size() + 2) : "no file: " + error.text();
+            read += error.text().startsWith(file) ? error.text().mid(file.size() + 2)
+                                                  : "no file: " + error.text();
         }
         return read;
     }
@@ -111,7 +112,9 @@ void tst_judgement::tables()
         {"a,b\n1,2,3\n", "line 2: 3 fields where the header has 2"},
         {"a,b\n\"1\n\",\"2\n3,4\n", "line 3: a quote is not closed"},
         {"a,b\n1,\"2\"3\n", "line 2: text behind a closing quote"},
-        {"a,b\n1,\"" + QByteArray(2000000, 'x'), "line 2: the row is too long; perhaps a quote is not closed"},
+        {"a,b\n1,\"2\"\r", "line 2: text behind a closing quote"},
+        {"a,b\n1,\"" + QByteArray(2000000, 'x'),
+         "line 2: the row is too long; perhaps a quote is not closed"},
         {"a,c\n1,2\n", "line 1: there is no column b"},
         {"b,b\n1,2\n", "line 1: 2 columns have the name b"},
         {"", "the file is empty"},
@@ -121,7 +124,10 @@ void tst_judgement::tables()
         {"a\tb\n1\t2,5\n", "2 2,5=2.5|"},
         {"a;b,b\n1;2,5\n", "2 5=5|"},
         {"a|b\n1|2\n", "line 1: there is no column b; found one column 'a|b': separated by '|'?"},
-        {QByteArray("\xff\xfe" "a\0,\0b\0", 8), "line 1: the text is UTF-16 or no text; it has to be UTF-8"},
+        {QByteArray("\xff\xfe"
+                    "a\0,\0b\0",
+                    8),
+         "line 1: the text is UTF-16 or no text; it has to be UTF-8"},
         {QByteArray("a\0,\0b\0", 6), "line 1: the text is UTF-16 or no text; it has to be UTF-8"},
     };
     for (const auto& [content, expected] : tables) {
@@ -138,7 +144,8 @@ void tst_judgement::severalFiles()
              "2 2=2|line 1: the header differs from that of " + first);
 }
 
-// Rows of every kind at every place around the end of the reader's first block.
+// Rows of every kind at every place around the end of the reader's first block, and quoted fields of every
+// length up to more than a search looks at.
 void tst_judgement::blockEdges()
 {
     constexpr int blockSize = 1 << 18;
@@ -149,6 +156,13 @@ void tst_judgement::blockEdges()
         QCOMPARE(QString::number(before) + rowsOf({fileOf(content)}),
                  QString::number(before) + "2 12=12|3 1=1|4 \"|6 345=345|");
     }
+    QByteArray content = "a,b\n";
+    QString expected;
+    for (int length = 0; length < 2 * ByteSearch::width; ++length) {
+        content += '"' + QByteArray(length, ',') + "\",1\n";
+        expected += QString("%1 1=1|").arg(length + 2);
+    }
+    QCOMPARE(rowsOf({fileOf(content)}), expected);
 }
 
 void tst_judgement::separators()
@@ -168,15 +182,24 @@ void tst_judgement::numbers()
 {
     QLocale::setDefault(QLocale(QLocale::German));
     const auto reset = qScopeGuard([] { QLocale::setDefault(QLocale::c()); });
-    const std::pair<const char*, double> numbers[] = {
-        {"0", 0.0},        {"-1.5", -1.5}, {"1e-3", 0.001}, {"12500.25", 12500.25}, {" \t+2", 2.0},
-        {"3 ", 3.0},       {".5", 0.5},    {"5.", 5.0},     {"-0", 0.0},            {"1E5", 1e5},
-        {"0.1", 0.1},      {"4.9e-324", 4.9e-324},          {"123456789012345678", 123456789012345678.0}};
+    const std::pair<const char*, double> numbers[] = {{"0", 0.0},
+                                                      {"-1.5", -1.5},
+                                                      {"1e-3", 0.001},
+                                                      {"12500.25", 12500.25},
+                                                      {" \t+2", 2.0},
+                                                      {"3 ", 3.0},
+                                                      {".5", 0.5},
+                                                      {"5.", 5.0},
+                                                      {"-0", 0.0},
+                                                      {"1E5", 1e5},
+                                                      {"0.1", 0.1},
+                                                      {"4.9e-324", 4.9e-324},
+                                                      {"123456789012345678", 123456789012345678.0}};
     for (const auto& [field, expected] : numbers) {
         QVERIFY2(CsvReader::number(field) == expected, field);
     }
-    for (const char* const field : {"", " ", "x", "1,5", "1.5 mm", "nan", "inf", "-inf", "1e999", "1e-999", "0x10",
-                                    "+-1", "++1", "- 1", "1e", "."}) {
+    for (const char* const field : {"", " ", "x", "1,5", "1.5 mm", "nan", "inf", "-inf", "1e999", "1e-999",
+                                    "0x10", "+-1", "++1", "- 1", "1e", "."}) {
         QVERIFY2(!CsvReader::number(field), field);
     }
 }
@@ -277,9 +300,16 @@ void tst_judgement::passRate()
 {
     auto configuration = configurationOf("%int0%:1:1:;");
     bind(configuration, SUBSCRIBE_TYPE_IO, inputIo("int0"), "a");
-    for (const auto& [good, bad, rate] : {std::tuple(1, 0, "100.0"), {0, 1, "0.0"}, {2, 1, "66.7"}, {1, 2, "33.3"},
-                                          {1, 15, "6.3"}, {3000, 1, "99.9"}, {1, 1999, "0.1"}, {1, 2000, "0.0"}}) {
-        const auto run = open(configuration, "a\n" + QByteArray("1\n").repeated(good) + QByteArray("0\n").repeated(bad));
+    for (const auto& [good, bad, rate] : {std::tuple(1, 0, "100.0"),
+                                          {0, 1, "0.0"},
+                                          {2, 1, "66.7"},
+                                          {1, 2, "33.3"},
+                                          {1, 15, "6.3"},
+                                          {3000, 1, "99.9"},
+                                          {1, 1999, "0.1"},
+                                          {1, 2000, "0.0"}}) {
+        const auto run =
+            open(configuration, "a\n" + QByteArray("1\n").repeated(good) + QByteArray("0\n").repeated(bad));
         while (run && run->next(&m_error) == SampleRun::Step::Judged) {
         }
         QVERIFY2(run && run->summary().contains(QString("rate %1 %").arg(rate)), rate);
@@ -292,7 +322,9 @@ void tst_judgement::resultRows()
     auto configuration = configurationOf("%int0%:1:9:;%float0%:0.100:1e300:;", "2");
     bind(configuration, SUBSCRIBE_TYPE_IO, inputIo("int0"), "a");
     bind(configuration, SUBSCRIBE_TYPE_IO, inputIo("float0"), "b");
-    const auto run = open(configuration, "a,b\n5,0.30000000000000004\n-0,1e-7\n10,12345678901234567890\nx,100000\n");
+    const auto run = open(
+        configuration,
+        "a,b\n5,0.30000000000000004\n-0,1e-7\n10,12345678901234567890\nx,100000\n5,2.384185791015625e-07\n");
     QVERIFY(run);
     const ResultCsv csv(*run);
     QByteArray text;
@@ -305,7 +337,8 @@ void tst_judgement::resultRows()
                                                "2,OK,5,1,9,in,0.3,0.1,1e+300,in\n"
                                                "3,not OK,0,1,9,out,1e-07,0.1,1e+300,out\n"
                                                "4,OK,10,1,9,out,1.23456789012346e+19,0.1,1e+300,in\n"
-                                               "5,OK,,1,9,no value,100000,0.1,1e+300,in\n"));
+                                               "5,OK,,1,9,no value,100000,0.1,1e+300,in\n"
+                                               "6,OK,5,1,9,in,2.38418579101563e-07,0.1,1e+300,out\n"));
 }
 
 // Every value is counted in the bin that it lies in, however the bins have widened meanwhile.

@@ -21,6 +21,10 @@ std::optional<bool> printRun(const ModuleConfiguration& configuration, const QSt
 /// in error, when it can't be written.
 bool printConfiguration(const ModuleConfiguration& configuration, QString* error);
 
+/// Prints the queries of JudgementSql for a table. False, and a sentence in error, when they can't be
+/// written.
+bool printSql(const ModuleConfiguration& configuration, const QString& table, QString* error);
+
 /// Prints a text; false, and a sentence in error, when it can't be written.
 bool print(const QByteArray& text, QString* error);
 

@@ -29,7 +29,7 @@ bool Workbench::open(const QString& flowFile, QString* error)
     if (!moduleId) {
         return false;
     }
-    const QString storeFile = m_options.storeFile(flow->name());
+    const QString storeFile = m_options.storeFile(flowFile, flow->name());
 
     if (m_session && QFileInfo(m_session->storeFile()) == QFileInfo(storeFile)) {
         close(); // a store has one owner

@@ -17,6 +17,10 @@ class WorkbenchOptions
     Q_DECLARE_TR_FUNCTIONS(WorkbenchOptions)
 
 public:
+    /// What to do; all but Show need no display.
+    enum class Task { Show, Run, Dump, Sql, Export, Import };
+
+    /// Needs an application object, and its translators for texts in another language.
     WorkbenchOptions();
 
     /// False, and a sentence in error, for what it does not understand.
@@ -24,32 +28,44 @@ public:
 
     bool asksForHelp() const;
     bool asksForVersion() const;
-    /// Needs an application object.
     QString helpText() const { return m_parser.helpText(); }
 
+    Task task() const { return m_task; }
     /// Where to write a picture of the window; empty for a window that stays open.
     QString screenshotFile() const;
     /// Faults to arm in the first flow's core.
     QVector<Fault> faults() const { return m_faults; }
-    /// The CSV file whose rows to judge without a window; empty for none.
-    QString runFile() const;
-    /// Whether to print what the core holds for the module, without a window.
-    bool asksForDump() const;
-    /// The module to show first, to run or to print: the one asked for, else the first If module, 0 where
+    /// The CSV files to run.
+    QStringList runFiles() const;
+    bool asksForSummary() const;
+    bool failsOnNotOk() const;
+    /// The table for SQL.
+    QString tableName() const;
+    /// The file to export to, to import or to use in place of a store; empty for none.
+    QString conditionsFile() const;
+    /// The module to show first: the one asked for, else the first If module, 0 where
     /// there is none. Nothing, and a sentence in error, when the flow lacks the one asked for.
     std::optional<unsigned int> moduleOf(const Flow& flow, QString* error) const;
 
-    /// These need an application object for their defaults.
+    /// The same for what works without a window: it has to be an If module, and the flow's only one when none
+    /// is asked for.
+    std::optional<unsigned int> onlyIfModuleOf(const Flow& flow, QString* error) const;
+
     QString flowFile() const;
     QString pluginFile() const;
-    /// One file for each flow by default, in the user's data folder, which is made when it is missing.
-    QString storeFile(const QString& flowName) const;
+    /// One file for each flow file by default, in the user's data folder, which is made when the task may
+    /// make a store.
+    QString storeFile(const QString& flowFile, const QString& flowName) const;
 
 private:
+    /// Takes the task; returns what is wrong with the combination of options, empty when nothing is.
+    QString misuse();
+    static QString storeFolder();
     static QString fromProgramFolder(const QString& file);
     QString valueOr(const QString& option, const QString& file) const;
 
     QCommandLineParser m_parser;
+    Task m_task = Task::Show;
     std::optional<unsigned int> m_moduleId;
     QVector<Fault> m_faults;
 };

@@ -1,17 +1,21 @@
+#include "ConditionsFile.h"
 #include "EmbeddedCore/EmbeddedCore.h"
 #include "Headless.h"
 #include "MainWindow.h"
 #include "Screenshot.h"
+#include "Translations.h"
 #include "Workbench.h"
 #include "WorkbenchApplication.h"
 #include "WorkbenchOptions.h"
 
 #include <QIcon>
+#include <QLocale>
 
-#include <algorithm>
 #include <cstdio>
 
 namespace {
+
+enum ExitCode { Done, Failed, WrongUsage, SomeNotOk };
 
 void setNames()
 {
@@ -38,27 +42,55 @@ int run(const WorkbenchOptions& options, QString* error)
     return WorkbenchApplication::exec();
 }
 
-int runHeadless(const WorkbenchOptions& options, QString* error)
+ExitCode runHeadless(const WorkbenchOptions& options, QString* error)
 {
+    using Task = WorkbenchOptions::Task;
     auto flow = Flow::load(options.flowFile(), error);
-    const auto moduleId = flow ? options.moduleOf(*flow, error) : std::nullopt;
+    if (!flow) {
+        return Failed;
+    }
+    const auto moduleId = options.onlyIfModuleOf(*flow, error);
     if (!moduleId) {
-        return EXIT_FAILURE;
+        return WrongUsage;
     }
-    const FlowModule* const module = flow->module(*moduleId);
-    if (!module || module->kind != Flow::ifKind()) {
-        *error = module ? QCoreApplication::translate("main", "Module %1 is no If module.").arg(*moduleId)
-                        : QCoreApplication::translate("main", "The flow %1 has no If module.")
-                              .arg(options.flowFile());
-        return EXIT_FAILURE;
+    const Task task = options.task();
+    const QString conditions = options.conditionsFile();
+    const QString store = options.storeFile(options.flowFile(), flow->name());
+    if (task == Task::Import) {
+        const auto core = EmbeddedCore::open(std::move(*flow), store, error);
+        return core && ConditionsFile::import(conditions, *core, *moduleId, error) ? Done : Failed;
     }
-    const QString storeFile = options.storeFile(flow->name());
-    const auto core = EmbeddedCore::open(std::move(*flow), storeFile, error);
-    const auto configuration = core ? core->configuration(*moduleId, error) : std::nullopt;
-    const bool isDone =
-        configuration && (options.asksForDump() ? Headless::printConfiguration(*configuration, error)
-                                       : Headless::printRun(*configuration, {options.runFile()}, false, error).has_value());
-    return isDone ? EXIT_SUCCESS : EXIT_FAILURE;
+    std::optional<ModuleConfiguration> configuration;
+    if (conditions.isEmpty() || task == Task::Export) {
+        const auto core = EmbeddedCore::openReadOnly(std::move(*flow), store, error);
+        configuration = core ? core->configuration(*moduleId, error) : std::nullopt;
+    } else {
+        configuration = ConditionsFile::read(conditions, *flow, *moduleId, error);
+    }
+    if (!configuration) {
+        return Failed;
+    }
+    switch (task) {
+    case Task::Show:
+    case Task::Import:
+        break;
+    case Task::Run: {
+        const auto isOk =
+            Headless::printRun(*configuration, options.runFiles(), options.asksForSummary(), error);
+        return !isOk ? Failed : !*isOk && options.failsOnNotOk() ? SomeNotOk : Done;
+    }
+    case Task::Dump:
+        return Headless::printConfiguration(*configuration, error) ? Done : Failed;
+    case Task::Sql:
+        return Headless::printSql(*configuration, options.tableName(), error) ? Done : Failed;
+    case Task::Export:
+        return (conditions == QLatin1String("-")
+                    ? Headless::print(ConditionsFile::textOf(*configuration), error)
+                    : ConditionsFile::write(conditions, *configuration, error))
+                   ? Done
+                   : Failed;
+    }
+    return Done;
 }
 
 bool hasDisplay()
@@ -67,10 +99,38 @@ bool hasDisplay()
            qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
 }
 
-int fail(const QString& text)
+int fail(ExitCode code, const QString& text)
 {
     std::fprintf(stderr, "if-workbench: %s\n", qUtf8Printable(text));
-    return EXIT_FAILURE;
+    if (code == WrongUsage) {
+        std::fprintf(stderr, "%s\n",
+                     qUtf8Printable(QCoreApplication::translate("main", "See if-workbench --help.")));
+    }
+    return code;
+}
+
+// All that needs no window; nothing when there is one to show.
+std::optional<int> runWithoutWindow(const WorkbenchOptions& options)
+{
+    QString error;
+    ExitCode code = Done;
+    if (options.asksForHelp() || options.asksForVersion()) {
+        const QString version = QStringLiteral("%1 %2\n").arg(QCoreApplication::applicationName(),
+                                                              QCoreApplication::applicationVersion());
+        const QString text = options.asksForHelp() ? options.helpText() : version;
+        code = Headless::print(text.toLocal8Bit(), &error) ? Done : Failed;
+    } else if (options.task() != WorkbenchOptions::Task::Show) {
+        code = runHeadless(options, &error);
+    } else {
+        return std::nullopt;
+    }
+    return error.isEmpty() ? code : fail(code, error);
+}
+
+// Of the system where it is Chinese; else the texts as they are written.
+QString commandLineLanguage()
+{
+    return QLocale::system().language() == QLocale::Chinese ? QStringLiteral("zh_CN") : QStringLiteral("en");
 }
 
 } // namespace
@@ -78,41 +138,33 @@ int fail(const QString& text)
 int main(int argc, char** argv)
 {
     setNames();
-    QStringList arguments;
-    std::transform(argv, argv + argc, std::back_inserter(arguments),
-                   [](const char* argument) { return QString::fromLocal8Bit(argument); });
-
-    WorkbenchOptions options;
-    QString error;
-    if (!options.parse(arguments, &error)) {
-        return fail(error);
-    }
-    if (options.asksForHelp() || options.asksForVersion()) {
+    std::optional<WorkbenchOptions> options;
+    {
         const QCoreApplication application(argc, argv);
-        const QString text = options.asksForHelp()
-                                 ? options.helpText()
-                                 : QCoreApplication::applicationName() + QLatin1Char(' ') +
-                                       QCoreApplication::applicationVersion() + QLatin1Char('\n');
-        std::fputs(qUtf8Printable(text), stdout);
-        return EXIT_SUCCESS;
-    }
-    if (options.asksForDump() || !options.runFile().isEmpty()) {
-        const QCoreApplication application(argc, argv);
-        const int exitCode = runHeadless(options, &error);
-        return exitCode == EXIT_SUCCESS ? exitCode : fail(error);
-    }
-    if (!options.screenshotFile().isEmpty()) {
-        if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
-            qputenv("QT_QPA_PLATFORM", "offscreen");
+        Translations translations;
+        translations.setLanguage(commandLineLanguage());
+        options.emplace();
+        QString error;
+        if (!options->parse(QCoreApplication::arguments(), &error)) {
+            return fail(WrongUsage, error);
         }
-    } else if (!hasDisplay()) {
-        return fail(QCoreApplication::translate(
-            "main", "There is no display. --screenshot FILE.png writes a picture without one."));
+        if (const auto code = runWithoutWindow(*options)) {
+            return *code;
+        }
+        if (options->screenshotFile().isEmpty() && !hasDisplay()) {
+            return fail(Failed,
+                        QCoreApplication::translate("main", "There is no display. --screenshot FILE.png "
+                                                            "writes a picture without one."));
+        }
+    }
+    if (!options->screenshotFile().isEmpty() && !qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
     }
 
     WorkbenchApplication application(argc, argv);
     QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/if-workbench/icons/if-workbench-128.png")));
-    const int exitCode = run(options, &error);
+    QString error;
+    const int exitCode = run(*options, &error);
     if (exitCode != EXIT_SUCCESS) {
         WorkbenchApplication::tellError(error);
     }

@@ -10,7 +10,7 @@ namespace {
 
 QJsonValue jsonOf(const QByteArray& bytes)
 {
-    const QString text = QString::fromUtf8(bytes);
+    const QString text = QString::fromUtf8(bytes.constData(), bytes.size()); // a NUL belongs to it
     if (text.toUtf8() == bytes) {
         return text;
     }

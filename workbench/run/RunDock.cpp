@@ -299,9 +299,8 @@ bool RunDock::judgeRows(qint64 limit)
     if (wasEmpty) {
         m_table->resizeColumnsToContents();
     }
-    m_progress->setValue(step == SampleRun::Step::AtEnd
-                             ? progressSteps
-                             : static_cast<int>(m_run->progress() * progressSteps));
+    m_progress->setValue(
+        step == SampleRun::Step::AtEnd ? progressSteps : static_cast<int>(m_run->progress() * progressSteps));
     showProblem(error);
     showTotals();
     return !m_isAtEnd;
