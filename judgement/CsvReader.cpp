@@ -27,10 +27,10 @@ char separatorOf(std::string_view text)
         if (isQuoted) {
             continue;
         }
-        if (c == ',' || c == '\n') {
-            if (c == ',') {
-                return c;
-            }
+        if (c == ',') {
+            return c;
+        }
+        if (c == '\n') {
             break;
         }
         semicolons += c == ';' ? 1 : 0;

@@ -40,9 +40,10 @@ public:
         constexpr int rowsBetweenLooks = 1024; // at the clock
         if (m_isWanted && run.rows() % rowsBetweenLooks == 0 && m_timer.elapsed() / 1000 > m_shown) {
             m_shown = m_timer.elapsed() / 1000;
-            const QString text = QCoreApplication::translate("Headless", "%1 rows, %2 % of the input")
-                                     .arg(run.rows())
-                                     .arg(static_cast<int>(run.progress() * 100));
+            QString text = QCoreApplication::translate("Headless", "%1 rows").arg(run.rows());
+            if (run.progress() > 0.0) {
+                text += QStringLiteral(", %1 %").arg(static_cast<int>(run.progress() * 100));
+            }
             std::fprintf(stderr, "\r%s", qUtf8Printable(text));
         }
     }
