@@ -1,47 +1,31 @@
 #!/bin/sh
-# Brings the catalogues up to date with the texts of the sources.
-#   update_translations.sh          writes them; an English text is its own English entry
-#   update_translations.sh --check  writes nothing; fails where a text has no entry
+# Brings the catalogues up to date with the texts of the sources; fails where a text has no translation.
+#   update_translations.sh          writes the catalogues
+#   update_translations.sh --check  writes nothing; fails also where a catalogue is not up to date
 set -eu
 
 cd "$(dirname "$0")/.."
-target=.
-if [ "${1:-}" = --check ]; then
-    target=$(mktemp -d)
-    trap 'rm -rf "$target"' EXIT
-    git ls-files '*.ts' | while read -r catalogue; do
-        mkdir -p "$target/$(dirname "$catalogue")"
-        cp "$catalogue" "$target/$catalogue"
-    done
-fi
+written=$(mktemp -d)
+trap 'rm -rf "$written"' EXIT
+outcome=0
 
-# update SOURCE-LANGUAGE CATALOGUE LANGUAGES FOLDER...
+# update SOURCE-LANGUAGE LANGUAGE CATALOGUE FOLDER...
 update() {
-    source_language=$1 catalogue=$2 languages=$3
+    source=$1 language=$2 catalogue=$3_$2.ts
+    copy=$written/${catalogue##*/}
     shift 3
-    for language in $languages; do
-        lupdate -silent -I . -I QIfModule -I platform -I workbench -disable-heuristic sametext -disable-heuristic similartext -disable-heuristic number -no-obsolete -locations none -no-recursive -extensions cpp,h,ui \
-            -source-language "$source_language" -target-language "$language" \
-            "$@" -ts "$target/${catalogue}_$language.ts"
-    done
+    cp "$catalogue" "$copy"
+    lupdate -silent -I . -I QIfModule -I platform -I workbench -disable-heuristic sametext \
+        -disable-heuristic similartext -disable-heuristic number -no-obsolete -locations none -no-recursive \
+        -extensions cpp,h,ui -source-language "$source" -target-language "$language" "$@" -ts "$copy"
+    ! grep -n -B4 'type="unfinished"' "$copy" || { echo "$catalogue: texts without a translation" >&2; outcome=1; }
+    [ "$mode" = --check ] || cp "$copy" "$catalogue"
+    cmp "$copy" "$catalogue" || outcome=1
 }
 
-mkdir -p QIfModule/i18n platform/QZelCommonControl/i18n workbench/i18n
-update zh_CN QIfModule/i18n/QIfModule en QIfModule
-update en platform/QZelCommonControl/i18n/QZelCommonControl zh_CN platform/QZelCommonControl
-update en workbench/i18n/if-workbench 'en zh_CN' workbench workbench/commands workbench/faults workbench/inspector workbench/run judgement platform/EmbeddedCore
-
-for catalogue in workbench/i18n/if-workbench; do
-    perl -0pi -e 's{(<source>)((?:(?!</?source>).)*)(</source>(?:(?!<source>).)*?)<translation type="unfinished"></translation>}{$1$2$3<translation>$2</translation>}gs' \
-        "$target/${catalogue}_en.ts"
-done
-
-if grep -n -B4 'type="unfinished"' "$target"/*/i18n/*.ts "$target"/*/*/i18n/*.ts; then
-    echo "texts without an entry, see above" >&2
-    [ "$target" = . ] || exit 1
-fi
-if [ "$target" != . ]; then
-    for catalogue in "$target"/*/i18n/*.ts "$target"/*/*/i18n/*.ts; do
-        cmp "$catalogue" "${catalogue#"$target"/}"
-    done
-fi
+mode=${1:-}
+update zh_CN en QIfModule/i18n/QIfModule QIfModule
+update en zh_CN platform/QZelCommonControl/i18n/QZelCommonControl platform/QZelCommonControl
+update en zh_CN workbench/i18n/if-workbench workbench workbench/commands workbench/faults workbench/inspector \
+    workbench/run judgement platform/EmbeddedCore
+exit "$outcome"
