@@ -19,7 +19,7 @@ function(qif_configure_target target)
         target_compile_options(${target} PRIVATE -Werror)
     endif()
     if(QIFMODULE_SANITIZE)
-        set(flags -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+        set(flags -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer -g1)
         target_compile_options(${target} PRIVATE ${flags})
         target_link_options(${target} PRIVATE ${flags})
     endif()
@@ -67,35 +67,34 @@ function(qif_set_test_environment test)
     set_tests_properties(${test} PROPERTIES ENVIRONMENT "${environment}" TIMEOUT 300)
 endfunction()
 
-# qif_add_command(<variable> <target>): a file that starts the target's program, for tests that start it
-# themselves; where only an emulator runs the program, a script that calls the emulator.
-function(qif_add_command variable target)
-    set(file $<TARGET_FILE:${target}>)
-    if(CMAKE_CROSSCOMPILING_EMULATOR)
-        set(script ${CMAKE_CURRENT_BINARY_DIR}/emulated/${target})
-        list(JOIN CMAKE_CROSSCOMPILING_EMULATOR " " emulator)
-        file(GENERATE OUTPUT ${script} CONTENT "#!/bin/sh\nexec ${emulator} '${file}' \"$@\"\n"
-            FILE_PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE)
-        set(file ${script})
-    endif()
-    set(${variable} ${file} PARENT_SCOPE)
-endfunction()
-
-# qif_add_test(<name> [LIBRARIES <targets>...] [XVFB]): a QtTest program from <name>.cpp, run by
-# ctest without a display, or with XVFB on a virtual X server of its own.
+# qif_add_test(<name> [LIBRARIES <targets>...] [XVFB] [PROCESSES]): a QtTest program from <name>.cpp, run by
+# ctest without a display, or with XVFB on a virtual X server of its own. PROCESSES: it starts programs of the
+# tree, which an emulator does not support.
 function(qif_add_test name)
-    cmake_parse_arguments(arg "XVFB" "" "LIBRARIES" ${ARGN})
+    cmake_parse_arguments(arg "XVFB;PROCESSES" "" "LIBRARIES" ${ARGN})
     qif_add_executable(${name} ${name}.cpp)
     target_link_libraries(${name} PRIVATE Qt5::Test ${arg_LIBRARIES})
-    if(CMAKE_CROSSCOMPILING_EMULATOR)
-        target_sources(${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests/EmulatedSyscall.cpp)
-    endif()
-    if(arg_XVFB)
-        add_test(NAME ${name} COMMAND xvfb-run -a -s "-screen 0 1280x1024x24"
-            ${CMAKE_CROSSCOMPILING_EMULATOR} $<TARGET_FILE:${name}>)
+    if(CMAKE_CROSSCOMPILING AND arg_PROCESSES)
+        set(message "skipped under the emulator, which can't start processes")
+        add_test(NAME ${name} COMMAND ${CMAKE_COMMAND} -E echo ${message})
+        set_tests_properties(${name} PROPERTIES SKIP_REGULAR_EXPRESSION ${message})
+    elseif(arg_XVFB)
+        add_test(NAME ${name} COMMAND xvfb-run -a -s "-screen 0 1280x1024x24" $<TARGET_FILE:${name}>)
         qif_set_test_environment(${name} XVFB)
     else()
         add_test(NAME ${name} COMMAND ${name})
         qif_set_test_environment(${name})
+    endif()
+endfunction()
+
+# qif_add_long_run(<test> <variable> <count>): the test once more, as <test>_soak under the label "soak", with
+# the variable set to the count unless the environment of ctest sets it.
+function(qif_add_long_run name variable count)
+    if(NOT CMAKE_CROSSCOMPILING)
+        add_test(NAME ${name}_soak
+            COMMAND sh -c "${variable}=\${${variable}:-${count}} exec \"$1\"" soak $<TARGET_FILE:${name}>)
+        qif_set_test_environment(${name}_soak)
+        set_tests_properties(${name}_soak PROPERTIES LABELS soak COST 100 TIMEOUT 36000
+            ENVIRONMENT_MODIFICATION QTEST_FUNCTION_TIMEOUT=set:36000000)
     endif()
 endfunction()

@@ -1,10 +1,10 @@
 #!/bin/sh
-# Installs what is missing, builds for the board's ARM64, runs every test under the emulator, and leaves
-# tried packages for amd64 and arm64 in build/packages.
+# Installs what is missing, builds for the board's ARM64, runs the tests under the emulator, and leaves
+# packages for amd64 and arm64 in build/packages; scripts/check_packages.sh tries them.
 set -eu
 
 cd "$(dirname "$0")/.."
-scripts/setup.sh board
+scripts/setup.sh test board
 scripts/build.sh board
 ctest --preset board
 

@@ -1,11 +1,12 @@
 #!/bin/sh
-# Builds a preset: build.sh PRESET. Says nothing but errors when all goes well.
+# Builds a preset, or some of its targets: build.sh PRESET [TARGET...]. Prints nothing unless it fails.
 set -eu
 
 cd "$(dirname "$0")/.."
-log=build/$1.log
+preset=$1
+shift
 mkdir -p build
-if ! { cmake --preset "$1" && cmake --build --preset "$1"; } >"$log" 2>&1; then
-    cat "$log" >&2
+if ! { cmake --preset "$preset" && cmake --build --preset "$preset" ${1:+--target "$@"}; } >"build/$preset.log" 2>&1; then
+    cat "build/$preset.log" >&2
     exit 1
 fi

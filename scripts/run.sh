@@ -4,5 +4,5 @@ set -eu
 
 root=$(cd "$(dirname "$0")/.." && pwd)
 "$root/scripts/setup.sh" run
-"$root/scripts/build.sh" release
+"$root/scripts/build.sh" release if-workbench catalogues
 exec "$root/build/release/bin/if-workbench" "$@"

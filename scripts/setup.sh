@@ -1,30 +1,34 @@
 #!/bin/sh
-# Installs what is missing for a purpose: setup.sh run | test | bench | board. Only then does it need root and the network.
+# Installs what is missing for one or more purposes: setup.sh run | test | bench | check | board ...
+# Needs root and the network only when something is missing.
 set -eu
 
-build='g++ cmake ninja-build qtbase5-dev qtdeclarative5-dev qtquickcontrols2-5-dev
-       qttools5-dev qttools5-dev-tools'
-run='libqt5sql5-sqlite qml-module-qtquick2 qml-module-qtquick-controls2 qml-module-qtquick-templates2
+run='g++ cmake ninja-build qtbase5-dev qtdeclarative5-dev qtquickcontrols2-5-dev qttools5-dev qttools5-dev-tools
+     libqt5sql5-sqlite qml-module-qtquick2 qml-module-qtquick-controls2 qml-module-qtquick-templates2
      qml-module-qtquick-window2 qttranslations5-l10n fonts-dejavu-core fonts-wqy-microhei'
-test='clang clang-format clang-tidy libclang-rt-14-dev libbenchmark-dev valgrind binutils xvfb xauth xdotool
-      openbox shellcheck strace'
-bench='libbenchmark-dev valgrind binutils'
+test="$run strace xvfb xauth xdotool openbox"
+bench="$run libbenchmark-dev valgrind"
+check="$bench clang clang-format clang-tidy libclang-rt-14-dev shellcheck"
 # The board's libraries stand beside those of this machine; its compiler and tools run on this machine.
 board='g++-aarch64-linux-gnu qemu-user-static debootstrap dpkg-dev file
        qtbase5-dev:arm64 qtdeclarative5-dev:arm64 qtquickcontrols2-5-dev:arm64 qttools5-dev:arm64
        libqt5sql5-sqlite:arm64 qml-module-qtquick2:arm64 qml-module-qtquick-controls2:arm64
        qml-module-qtquick-templates2:arm64 qml-module-qtquick-window2:arm64'
 
-case "${1:-}" in
-    run) packages="$build $run" ;;
-    test) packages="$build $run $test" ;;
-    bench) packages="$build $run $bench" ;;
-    board) packages="$build $run $test $board" ;;
-    *)
-        echo "usage: setup.sh run | test | bench | board" >&2
-        exit 2
-        ;;
-esac
+packages=
+for purpose in "$@"; do
+    case $purpose in
+        run) packages="$packages $run" ;;
+        test) packages="$packages $test" ;;
+        bench) packages="$packages $bench" ;;
+        check) packages="$packages $check" ;;
+        board) packages="$packages $board" ;;
+        *)
+            echo "usage: setup.sh run | test | bench | check | board ..." >&2
+            exit 2
+            ;;
+    esac
+done
 
 missing=
 for package in $packages; do

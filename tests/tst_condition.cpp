@@ -1,41 +1,90 @@
+#include "FakeCore.h"
+#include "SubscribeMenu.h"
 #include "condition/ConditionName.h"
 #include "condition/ConditionRecord.h"
 
-#include <QElapsedTimer>
+#include <QJsonDocument>
 #include <QtTest>
 
 #include <cmath>
 
 using namespace ConditionName;
+using namespace ZelCore;
+
+namespace {
+
+SUBSCRIBE_NODE__& fill(SUBSCRIBE_NODE__& node, const char* name, UInt children, const char* source = "")
+{
+    node.ModuleID = 5;
+    FillText(node.NodeName, name);
+    FillText(node.SubscribeName, source);
+    node.CreateList(children);
+    return node;
+}
+
+} // namespace
 
 class tst_condition : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void names();
+    void types_data();
+    void types();
+    void lowestFreeName_data();
+    void lowestFreeName();
     void sortingKeepsInconsistentNames();
     void writing();
+    void stored();
+    void reading_data();
     void reading();
-    void longTexts();
+    void menuOfATree();
 };
 
-void tst_condition::names()
+// An int range wins for a name with both words, a float value for its menu.
+void tst_condition::types_data()
 {
-    QStringList types;
-    for (const char* const name : {"int0", "float12", "intfloat", "Int0", ""}) {
-        types << typeWord(typeOf(name)) + ' ' + subscribedType(name, "asked");
-    }
-    QCOMPARE(types, QStringList({"int int", "float float", "int float", " asked", " asked"}));
-
-    QCOMPARE(lowestFree(Type::Int, {}), QString("int0"));
-    QCOMPARE(lowestFree(Type::Int, sorted({"int1", "int2"})), QString("int0"));
-    QCOMPARE(lowestFree(Type::Int, sorted({"int10", "int2", "int0", "int1"})), QString("int3"));
-    QCOMPARE(lowestFree(Type::Float, sorted({"float1", "float0", "float11", "float3"})), QString("float2"));
-    QCOMPARE(lowestFree(Type::Int, sorted({"int0", "int01"})), QString("int1"));
+    QTest::addColumn<QString>("typeName");
+    QTest::addColumn<QString>("menuType");
+    QTest::newRow("int0") << "int"
+                          << "int";
+    QTest::newRow("float12") << "float"
+                             << "float";
+    QTest::newRow("intfloat") << "int"
+                              << "float";
+    QTest::newRow("Int0") << ""
+                          << "string";
 }
 
-// For these the order is no order: each pair alone compares, all together contradict each other.
+void tst_condition::types()
+{
+    QFETCH(QString, typeName);
+    QFETCH(QString, menuType);
+    const QString name = QTest::currentDataTag();
+    QCOMPARE(typeWord(typeOf(name)), typeName);
+    FakeCore core;
+    core.fault = [](int, const QString&) { return CommandResult(NothingChanged); };
+    QVERIFY(!SubscribeMenu::query(7, name, "string"));
+    QCOMPARE(core.takeCommands(), QStringList("QuerySubscribeTree 7 range=1 types=1 " + menuType));
+}
+
+void tst_condition::lowestFreeName_data()
+{
+    QTest::addColumn<QString>("names");
+    QTest::newRow("int0") << "int1 int2";
+    QTest::newRow("int1") << "int0 int01";
+    QTest::newRow("int3") << "int10 int2 int0 int1";
+    QTest::newRow("float2") << "float1 float0 float11 float3";
+}
+
+void tst_condition::lowestFreeName()
+{
+    QFETCH(QString, names);
+    const QString lowest = QTest::currentDataTag();
+    QCOMPARE(lowestFree(typeOf(lowest), sorted(names.split(' '))), lowest);
+}
+
+// Each pair of these can be compared, but all together contradict each other.
 void tst_condition::sortingKeepsInconsistentNames()
 {
     QStringList names;
@@ -59,43 +108,69 @@ void tst_condition::writing()
     QCOMPARE(text, QString("%int0%:1:2:x:y;z%;%float0%:0.500:2.250:;%int3%:-2:2:;%intfloat%:-1.000:2.000:;"
                            "%int0%:-2147483648:2147483647:;%int0%:0:1:;"));
     QCOMPARE(ConditionRecord::toText({}), QString("0"));
+}
 
-    // As many bytes as the text has UTF-16 units: a pair counts twice, and a character may be cut.
+// As many bytes as the text has UTF-16 units: a pair counts twice, and a character may be cut.
+void tst_condition::stored()
+{
     QCOMPARE(ConditionRecord::toStored("ä1孔2;").toHex(), QByteArray("c3a431e5ad"));
     QCOMPARE(ConditionRecord::toStored("😀12;"), QByteArray("\xf0\x9f\x98\x80\x31"));
 }
 
-// Name, type by the text, bounds, whether the maximum is a number, note.
-void tst_condition::reading()
+void tst_condition::reading_data()
 {
-    QStringList read;
-    for (const StoredCondition& c : StoredCondition::fromText(
-             "0;;%int0%:0:100:a;;%float0%:0.500:2.250:;%int1%:0:100;%int0%:0:100:x:y;%int0%:1.0:2:;"
-             "%float0%:1:2:;%float0%:1:2.5:;%int0%:x:7:;%int1%:7:x:;%int0%:1:99999999999:;%%in%t0:1:2:%;:::"
-             ";")) {
-        const QString bounds = QString("%1 %2 %3").arg(c.minimum).arg(c.maximum).arg(c.hasValidMaximum);
-        read << QString("%1 %2 %3 %4").arg(c.name, c.isFloat ? "float" : "int", bounds, c.note);
-    }
-    QCOMPARE(read.join(','), QString("int0 int 0 100 1 a,float0 float 0.5 2.25 1 ,int0 int 0 100 1 x,"
-                                     "int0 float 1 2 1 ,float0 int 1 2 1 ,float0 int 1 0 0 ,int0 int 0 7 1 ,"
-                                     "int1 int 7 0 0 ,int0 int 1 0 0 ,int0 int 1 2 1 %, int 0 0 0 "));
+    QTest::addColumn<QStringList>("conditions");
+    const auto reads = [](const char* text, const QStringList& conditions) {
+        QTest::newRow(text) << conditions;
+    };
+    // Name, type, bounds, note; "?" where the maximum is no number.
+    reads("0", {});
+    reads(";;%int0%:0:100:a;;%float0%:0.500:2.250:;", {"int0 int 0 100 a", "float0 float 0.5 2.25 "});
+    reads("%int1%:0:100;%int0%:0:100:x:y;", {"int0 int 0 100 x"});
+    reads("%int0%:1.0:2:;%float0%:1:2:;", {"int0 float 1 2 ", "float0 int 1 2 "});
+    reads("%float0%:1:2.5:;%int1%:7:x:;", {"float0 int 1 0? ", "int1 int 7 0? "});
+    reads("%int0%:x:7:;%int0%:1:99999999999:;", {"int0 int 0 7 ", "int0 int 1 0? "});
+    reads("%%in%t0:1:2:%;:::;", {"int0 int 1 2 %", " int 0 0? "});
 }
 
-// Eight times the text takes eight times as long; squared, it would be sixty-four.
-void tst_condition::longTexts()
+void tst_condition::reading()
 {
-    const auto timeOf = [](int conditions) {
-        const QString text = QString("%int0%:1:2:note;").repeated(conditions);
-        QElapsedTimer timer;
-        timer.start();
-        for (int i = 0; i < 5; ++i) {
-            StoredCondition::fromText(text);
-        }
-        return timer.nsecsElapsed();
-    };
-    const qint64 small = timeOf(1 << 13);
-    const qint64 large = timeOf(1 << 16);
-    QVERIFY2(large < 24 * small, qPrintable(QString("%1 ns, %2 ns").arg(small).arg(large)));
+    QFETCH(QStringList, conditions);
+    QStringList read;
+    for (const StoredCondition& c : StoredCondition::fromText(QTest::currentDataTag())) {
+        const QString maximum = QString::number(c.maximum) + (c.hasValidMaximum ? "" : "?");
+        read << QStringList(
+                    {c.name, c.isFloat ? "float" : "int", QString::number(c.minimum), maximum, c.note})
+                    .join(' ');
+    }
+    QCOMPARE(read, conditions);
+}
+
+void tst_condition::menuOfATree()
+{
+    FakeCore core;
+    core.subscribeTree.CreateList(3);
+    auto& blob = fill(core.subscribeTree.At(0), "Blob", 2);
+    fill(blob.At(0), "计数", 0, "5.计数");
+    fill(fill(blob.At(1), "Group", 1).At(0), "Leaf", 0, "5.Group.Leaf");
+    fill(core.subscribeTree.At(1), "Nothing to offer", 0);
+    // A group of groups without children stays: only the top level is filtered.
+    fill(fill(fill(core.subscribeTree.At(2), "Hollow", 1).At(0), "Inner", 1).At(0), "Empty", 0);
+
+    const auto menu = SubscribeMenu::query(7, "int0", {});
+    QVERIFY(menu);
+    QCOMPARE(*menu, QJsonDocument::fromJson(R"([
+        {"label": "5 Blob", "isTitle": true, "level": 1, "subnodes": [
+            {"label": "计数", "isTitle": false, "level": 2, "subscribeName": "5.计数"},
+            {"label": "Group", "isTitle": true, "level": 2, "subnodes": [
+                {"label": "Leaf", "isTitle": false, "level": 3, "subscribeName": "5.Group.Leaf"}]}]},
+        {"label": "5 Hollow", "isTitle": true, "level": 1, "subnodes": [
+            {"label": "Inner", "isTitle": true, "level": 2, "subnodes": [
+                {"label": "Empty", "isTitle": false, "level": 3, "subscribeName": ""}]}]}])")
+                        .array());
+    QJsonObject childless;
+    SubscribeMenu::ParseTreeNode(core.subscribeTree.At(1), childless, 1);
+    QCOMPARE(childless.value("subnodes"), QJsonValue(QJsonArray()));
 }
 
 QTEST_APPLESS_MAIN(tst_condition)

@@ -15,7 +15,8 @@ namespace {
 using ServiceFunction = std::function<ICommandService*()>;
 
 /// What a call throws, "" when it does not.
-QByteArray thrownBy(const std::function<void()>& call)
+template <typename Call>
+QByteArray thrownBy(const Call& call)
 {
     try {
         call();
@@ -26,17 +27,16 @@ QByteArray thrownBy(const std::function<void()>& call)
 }
 
 // The first word of such a pointer holds the offset in the virtual table.
-template <typename Class, typename Function>
-std::size_t slotOf(Function Class::*function)
+template <typename... Arguments, typename Result, typename Class>
+std::size_t slotOf(Result (Class::*function)(Arguments...))
 {
     std::array<std::size_t, 2> words{};
-    static_assert(sizeof words == sizeof function);
-    std::memcpy(words.data(), &function, sizeof function);
+    std::memcpy(words.data(), &function, sizeof words);
     return words[0] / sizeof(void*);
 }
 
-template <typename T>
-constexpr bool isCopied = std::is_copy_constructible_v<T>&& std::is_copy_assignable_v<T>;
+template <typename... Types>
+constexpr bool areCopied = ((std::is_copy_constructible_v<Types> && std::is_copy_assignable_v<Types>)&&...);
 
 } // namespace
 
@@ -46,7 +46,6 @@ class tst_core_client : public QObject
 
 private slots:
     void resolution();
-    void anyHoldsAValue();
     void virtualFunctionsKeepTheirPlaces();
     void nullTexts();
     void textsAreCut();
@@ -60,75 +59,65 @@ void tst_core_client::resolution()
 {
     IocContainar& container = IocContainar::Instance();
     const std::string key = IocContainar::KeyOf<ICommandService>();
-    const auto resolve = [&container] { container.Resolve<ICommandService>(); };
-    const auto resolveKey = [&] { return container.IntermalResolve<ICommandService, ServiceFunction>(key); };
+    const auto resolve = [&container] { return container.Resolve<ICommandService>(); };
+    const auto byKey = [&] { return container.IntermalResolve<ICommandService, ServiceFunction>(key); };
     {
         FakeCore core;
-        QCOMPARE(container.Resolve<ICommandService>(), &core);
-        QCOMPARE((container.IntermalResolveNoKey<ICommandService, ServiceFunction>()), &core);
-        QCOMPARE(resolveKey(), &core);
         QVERIFY(container.IsRegister(key.c_str()) && container.m_Constructors_Map.count(key) == 1);
+        QVERIFY(resolve() == &core && byKey() == &core);
+        QCOMPARE((container.IntermalResolveNoKey<ICommandService, ServiceFunction>()), &core);
     }
-    QVERIFY(IsSuccess(Success) && !IsSuccess(None) && !IsSuccess(NothingChanged));
     QVERIFY(!container.m_IsBuild);
     QCOMPARE(thrownBy(resolve), QByteArray("Containar is not Build"));
-    QCOMPARE(thrownBy(resolveKey), QByteArray("Containar is not Build"));
+    QCOMPARE(thrownBy(byKey), QByteArray("Containar is not Build"));
 
     container.Build();
     SetRunParamCommand command(1, "LogicalMode", "1");
     QCOMPARE(ExecuteCommand(command).Status, Failed);
-    container.RegisterType(IocContainar::KeyOf<ICommandService>(), ServiceFunction());
-    QVERIFY(!container.Resolve<ICommandService>());
-    container.RegisterType(IocContainar::KeyOf<ICommandService>(), 5);
+    container.RegisterType(std::string(key), ServiceFunction());
+    QVERIFY(!resolve());
+    container.RegisterType(std::string(key), 5);
     QCOMPARE(thrownBy(resolve),
              QByteArray("Can not cast TypeName:[i] to  TypeName:[") + typeid(ServiceFunction).name() + ']');
-}
-
-void tst_core_client::anyHoldsAValue()
-{
-    Any first = std::string("text");
-    Any second(first);
-    first = 5;
-    QVERIFY(first.m_contentPtr->Type() == typeid(int));
-    QCOMPARE(second.Cast<std::string>(), std::string("text"));
-    first = std::move(second);
-    QVERIFY(first.Type() == typeid(std::string) && Any().Type() == typeid(void));
+    Any first = container.m_Constructors_Map[key];
+    const Any second(first);
+    first = std::string("text");
+    QVERIFY(first.m_contentPtr->Type() == typeid(std::string) && Any().Type() == typeid(void));
+    QCOMPARE(second.Cast<int>(), 5);
 }
 
 // Slots 0 and 1 are the destructor's.
 void tst_core_client::virtualFunctionsKeepTheirPlaces()
 {
     QCOMPARE(slotOf(&ICommand::Key), 2u);
-    QCOMPARE(slotOf<ICommandService>(
-                 static_cast<CommandResult (ICommandService::*)(ICommand&)>(&ICommandService::Execute)),
-             2u);
-    QCOMPARE(slotOf<ICommandService>(static_cast<CommandResult (ICommandService::*)(const void*, ICommand&)>(
-                 &ICommandService::Execute)),
-             3u);
+    QCOMPARE(slotOf<ICommand&>(&ICommandService::Execute), 2u);
+    QCOMPARE((slotOf<const void*, ICommand&>(&ICommandService::Execute)), 3u);
     QCOMPARE(slotOf(&ICommandService::ExecuteAsync), 4u);
-    QCOMPARE(slotOf(&Any::Base::Type), 2u);
-    QCOMPARE(slotOf(&Any::Base::Clone), 3u);
+    std::size_t clone = 0;
+    const auto function = &Any::Base::Clone; // behind Type(), which the resolution calls
+    std::memcpy(&clone, &function, sizeof clone);
+    QCOMPARE(clone / sizeof(void*), 3u);
 }
 
 void tst_core_client::nullTexts()
 {
     UInt length = 1;
+    const char* const null = nullptr;
     const QByteArray runParam = "SetRunParamCommand(UInt& moduleID, char* paramName,char* val) ";
     const QByteArray uiData =
         "SetUIDataCommand(const UInt& moduleID, const char* paramName, const char* data, UInt& dataLen) ";
     const std::pair<std::function<void()>, QByteArray> calls[] = {
-        {[] { SetRunParamCommand(1, nullptr, "1"); }, runParam + "[paramName] is nullptr"},
-        {[] { SetRunParamCommand(1, "name", nullptr); }, runParam + "[val] is nullptr"},
-        {[] { SetBinaryDataCommand(1, nullptr, "a", 1); }, uiData + "[paramName] is nullptr"},
-        {[] { SetBinaryDataCommand(1, "name", nullptr, 0); }, uiData + "[data] is nullptr"},
-        {[&] { SetUIDataCommand(1, nullptr, "a", length); }, uiData + "[paramName] is nullptr"},
-        {[&] { SetUIDataCommand(1, "name", nullptr, length); }, uiData + "[data] is nullptr"},
-        {[] { DeleteUIDataCommand(1, nullptr); }, uiData + "[paramName] is nullptr"},
-        {[] { SUBSCRIBE_CONDITION__(1, static_cast<const char*>(nullptr)); },
-         "SUBSCRIBE_CONDITION__ [varType] is nullptr"},
-        {[] { BINARY_DATA_CONDITION__(1, nullptr); }, "BINARY_DATA_CONDITION__ [paramName] is nullptr"},
-        {[] { RUN_PARAM_CONDITION__(1, nullptr); }, "RUN_PARAM_CONDITION__ [paramName] is nullptr"},
-        {[] { UI_OBJECT_PARAM_INFO_CONDITION__(1, nullptr); }, "IOUnSubscribeCommand [paramName] is nullptr"},
+        {[&] { SetRunParamCommand(1, null, "1"); }, runParam + "[paramName] is nullptr"},
+        {[&] { SetRunParamCommand(1, "name", null); }, runParam + "[val] is nullptr"},
+        {[&] { SetBinaryDataCommand(1, null, "a", 1); }, uiData + "[paramName] is nullptr"},
+        {[&] { SetBinaryDataCommand(1, "name", null, 0); }, uiData + "[data] is nullptr"},
+        {[&] { SetUIDataCommand(1, null, "a", length); }, uiData + "[paramName] is nullptr"},
+        {[&] { SetUIDataCommand(1, "name", null, length); }, uiData + "[data] is nullptr"},
+        {[&] { DeleteUIDataCommand(1, null); }, uiData + "[paramName] is nullptr"},
+        {[&] { SUBSCRIBE_CONDITION__(1, null); }, "SUBSCRIBE_CONDITION__ [varType] is nullptr"},
+        {[&] { BINARY_DATA_CONDITION__(1, null); }, "BINARY_DATA_CONDITION__ [paramName] is nullptr"},
+        {[&] { RUN_PARAM_CONDITION__(1, null); }, "RUN_PARAM_CONDITION__ [paramName] is nullptr"},
+        {[&] { UI_OBJECT_PARAM_INFO_CONDITION__(1, null); }, "IOUnSubscribeCommand [paramName] is nullptr"},
     };
     for (const auto& [call, message] : calls) {
         QCOMPARE(thrownBy(call), message);
@@ -169,9 +158,9 @@ void tst_core_client::dataIsOwnedWhileItHasALength()
 
 void tst_core_client::copiesAreDeep()
 {
-    static_assert(isCopied<AddIOCommand> && isCopied<SetRunParamCommand> && isCopied<DeleteUIDataCommand> &&
-                  isCopied<QueryCommand<RUN_PARAM_CONDITION__, IO_INFO__>>);
-    static_assert(!isCopied<SetBinaryDataCommand> && !isCopied<SetUIDataCommand>, "they own their data");
+    static_assert(areCopied<AddIOCommand, SetRunParamCommand, DeleteUIDataCommand,
+                            QueryCommand<RUN_PARAM_CONDITION__, KADO_MODULE_PARAM__>>);
+    static_assert(!areCopied<SetBinaryDataCommand> && !areCopied<SetUIDataCommand>, "they own their data");
 
     SUBSCRIBE_TREE__ tree;
     tree.CreateList(2);
@@ -184,8 +173,6 @@ void tst_core_client::copiesAreDeep()
     QCOMPARE(copy.At(1).At(2).NodeName, "leaf");
     QVERIFY(thrownBy([&copy] { copy.At(2); }).contains("[2] of [2]"));
     QVERIFY(!thrownBy([&copy] { copy.At(-1); }).isEmpty());
-    copy.CreateList(0);
-    QVERIFY(!copy.Items() && copy.Num() == 0);
 }
 
 void tst_core_client::aPartIsAssignedToItsOwner()
@@ -197,8 +184,7 @@ void tst_core_client::aPartIsAssignedToItsOwner()
     FillText(node.At(1).SubscribeName, "5.name");
     node.At(1).CreateList(3);
     node = node.At(1);
-    QCOMPARE(node.Num(), 3u);
-    QCOMPARE(node.ModuleID, 5u);
+    QVERIFY(node.Num() == 3 && node.ModuleID == 5);
     QCOMPARE(node.NodeName, "name");
     QCOMPARE(node.SubscribeName, "5.name");
 
@@ -208,28 +194,26 @@ void tst_core_client::aPartIsAssignedToItsOwner()
     io.At(1).ExtraData.CanSubscribe = false;
     io.At(1).CreateList(3);
     io = io.At(1);
-    QCOMPARE(io.Num(), 3u);
+    QVERIFY(io.Num() == 3 && !io.ExtraData.CanSubscribe);
     QCOMPARE(io.ParamName, "%int0%");
     QCOMPARE(io.VauleType, "int");
-    QVERIFY(!io.ExtraData.CanSubscribe);
 }
 
 void tst_core_client::aContainerWithoutItemsIsEmpty()
 {
     SUBSCRIBE_NODE__ node;
     node.m_Num = 3;
-    BINARY_DATA__ bytes;
-    bytes.m_Num = 3;
     QCOMPARE(node.Num(), 0u);
     QVERIFY(!thrownBy([&node] { node.At(0); }).isEmpty());
-    QVERIFY(TextOf(bytes).empty());
-    QCOMPARE(SUBSCRIBE_NODE__(node).m_Num, 0u);
     SUBSCRIBE_NODE__ other;
     other.CreateList(2);
     other = node;
     QVERIFY(!other.m_Items && other.m_Num == 0);
     node.CreateList(0);
-    QCOMPARE(node.m_Num, 0u);
+    QVERIFY(!node.m_Items && node.m_Num == 0);
+    BINARY_DATA__ bytes;
+    bytes.m_Num = 3;
+    QVERIFY(TextOf(bytes).empty());
 }
 
 QTEST_APPLESS_MAIN(tst_core_client)

@@ -1,11 +1,11 @@
 #pragma once
 
 /// All that a client of the platform core needs: the container, the command service, the commands
-/// with their conditions and records, and the one way to execute them.
-/// Records, conditions and commands are a binary contract with the core; BinaryContract.h holds it.
+/// with their conditions and records, and the function that executes them.
+/// Records, conditions and commands are a binary contract with the core; BinaryLayout.h checks it.
 
 #include "Any.h"
-#include "BinaryContract.h"
+#include "BinaryLayout.h"
 #include "CommandResult.h"
 #include "Commands.h"
 #include "Conditions.h"

@@ -1,24 +1,26 @@
 #!/bin/sh
-# Installs a build, builds a program against what is installed and runs it and the workbench:
-# check.sh BUILD FOLDER CMAKE-OPTION...; programs run through EMULATOR where it is set.
+# Installs a build; builds a program, and the plug-in alone, against what is installed; makes a panel of either
+# plug-in, and runs the workbench: check.sh BUILD FOLDER CMAKE-OPTION...; programs run through EMULATOR if set.
 set -eu
 
 tests=$(cd "$(dirname "$0")" && pwd)
-build=$1 folder=$2
+build=$1 folder=$2 prefix=$2/root
 shift 2
 rm -rf "$folder"
-prefix=$folder/root
 
 cmake --install "$build" --prefix "$prefix"
-# Where the installed files are must not be in them.
+# The installed files must not contain where they are.
 if grep -rlF -e "$folder" -e "$build/lib" "$prefix/include" "$prefix"/lib/*/cmake; then
     exit 1
 fi
 cmake -S "$tests" -B "$folder/host" -DCMAKE_PREFIX_PATH="$prefix" "$@"
 cmake --build "$folder/host"
+cmake -S "$tests/../.." -B "$folder/plugin" -DQIFMODULE_PLATFORM_DIR="$prefix" -DQIFMODULE_WARNINGS_AS_ERRORS=ON "$@"
+cmake --build "$folder/plugin"
 
-libraries=$(dirname "$(find "$prefix" -name libZelCommon.so)")
-export LD_LIBRARY_PATH="$libraries" HOME="$folder"
+LD_LIBRARY_PATH=$(dirname "$(find "$prefix" -name libZelCommon.so)")
+export LD_LIBRARY_PATH HOME="$folder"
 ${EMULATOR:-} "$folder/host/installed_host"
+${EMULATOR:-} "$folder/host/installed_host" "$folder/plugin/lib/libQIfModule.so"
 ${EMULATOR:-} "$prefix/bin/if-workbench" --screenshot "$folder/picture.png"
 test -s "$folder/picture.png"
