@@ -1,9 +1,7 @@
 #include "Comparison.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QProcess>
-
-#include <benchmark/benchmark.h>
 
 #if __has_include(<valgrind/callgrind.h>)
 #include <valgrind/callgrind.h>
@@ -15,92 +13,41 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <cstring>
 #include <ctime>
+#include <map>
 #include <vector>
 
 namespace {
 
-// Ratios are compared within one run, but a machine that is shared still blurs them.
-constexpr double checkMargin = 1.5;
+constexpr int repetitions = 5;
 
-std::vector<Comparison>& comparisons()
-{
-    static std::vector<Comparison> all;
-    return all;
-}
-
-std::map<std::string, Round>& processRounds()
-{
-    static std::map<std::string, Round> all;
-    return all;
-}
-
+std::vector<Comparison> comparisons;
+std::map<std::string, Round> processRounds;
 bool isCounting = false;
 
-void measure(benchmark::State& state, const RoundMaker& maker)
+// The 10th percentile: other programs and the disk can only add to a round.
+double repetition(const RoundMaker& maker, int rounds)
 {
     const Round round = maker();
-    std::vector<double> values;
-    for ([[maybe_unused]] const auto iteration : state) {
-        values.push_back(round());
-        state.SetIterationTime(values.back());
-    }
-    // The fast end: what else machine and disk do can only add.
-    const auto fast = values.begin() + static_cast<std::ptrdiff_t>((values.size() - 1) / 10);
-    std::nth_element(values.begin(), fast, values.end());
-    state.counters["fast"] = *fast;
+    std::vector<double> values(static_cast<std::size_t>(std::max(1, rounds / repetitions)));
+    std::generate(values.begin(), values.end(), round);
+    const auto low = values.begin() + static_cast<std::ptrdiff_t>((values.size() - 1) / 10);
+    std::nth_element(values.begin(), low, values.end());
+    return *low;
 }
 
-/// Keeps the best repetition of a benchmark: what else the machine does can only add to it.
-class BestRepetitions : public benchmark::BenchmarkReporter
+// Both sides in turn; the best repetition of each counts.
+bool run(const Comparison& comparison)
 {
-public:
-    bool ReportContext(const Context&) override { return true; }
-    void ReportRuns(const std::vector<Run>& runs) override
-    {
-        for (const Run& run : runs) {
-            if (run.run_type == Run::RT_Iteration && !run.error_occurred) {
-                const double value = run.counters.at("fast");
-                const auto [found, isNew] = m_best.emplace(run.run_name.function_name, value);
-                found->second = std::min(found->second, value);
-            }
-        }
+    double floor = repetition(comparison.floor, comparison.rounds);
+    double subject = repetition(comparison.subject, comparison.rounds);
+    for (int i = 1; i < repetitions; ++i) {
+        floor = std::min(floor, repetition(comparison.floor, comparison.rounds));
+        subject = std::min(subject, repetition(comparison.subject, comparison.rounds));
     }
-
-    /// 0 for a benchmark that did not run.
-    double best(const std::string& name) const
-    {
-        const auto found = m_best.find(name);
-        return found == m_best.end() ? 0.0 : found->second;
-    }
-
-private:
-    std::map<std::string, double> m_best;
-};
-
-std::string floorName(const Comparison& comparison)
-{
-    return comparison.name + ":floor";
-}
-
-void registerSide(const Comparison& comparison, const std::string& name, const RoundMaker& maker,
-                  int repetitions)
-{
-    benchmark::RegisterBenchmark(name.c_str(), [&maker](benchmark::State& state) { measure(state, maker); })
-        ->Iterations(std::max(1, comparison.rounds / repetitions))
-        ->Repetitions(repetitions)
-        ->UseManualTime();
-}
-
-bool print(const Comparison& comparison, double floor, double subject, double margin)
-{
-    const bool isTime = comparison.unit == Unit::Time;
-    const double scale = isTime ? 1e3 : 1.0 / 1024;
-    const double ratio = subject / floor;
-    const bool holds = comparison.bound == 0.0 || ratio <= comparison.bound * margin;
-    std::printf("%-28s %12.4f %12.4f %s %8.3f", comparison.name.c_str(), floor * scale, subject * scale,
-                isTime ? "ms " : "KiB", ratio);
+    const bool holds = comparison.bound == 0.0 || subject <= floor * comparison.bound;
+    std::printf("%-30s %12.4f %12.4f ms %8.3f", comparison.name.c_str(), floor * 1e3, subject * 1e3,
+                subject / floor);
     if (comparison.bound != 0.0) {
         std::printf("  at most %.2f%s", comparison.bound, holds ? "" : "  EXCEEDED");
     }
@@ -110,29 +57,20 @@ bool print(const Comparison& comparison, double floor, double subject, double ma
 }
 
 // Under callgrind: one dump for each side, named after it.
-void countInstructions(const std::string& name)
+void count(const std::string& name, const RoundMaker& maker)
 {
-    isCounting = true;
-    for (const Comparison& comparison : comparisons()) {
-        if (!comparison.isCounted || comparison.name.find(name) == std::string::npos) {
-            continue;
-        }
-        for (const auto& [label, maker] : {std::pair(floorName(comparison), comparison.floor),
-                                           std::pair(comparison.name, comparison.subject)}) {
-            const Round round = maker();
-            round();
-            CALLGRIND_ZERO_STATS;
-            round();
-            CALLGRIND_DUMP_STATS_AT(label.c_str());
-        }
-    }
+    const Round round = maker();
+    round();
+    CALLGRIND_ZERO_STATS;
+    round();
+    CALLGRIND_DUMP_STATS_AT(name.c_str());
 }
 
 } // namespace
 
 void compare(Comparison comparison)
 {
-    comparisons().push_back(std::move(comparison));
+    comparisons.push_back(std::move(comparison));
 }
 
 double timed(const std::function<void()>& action, Clock clock)
@@ -156,55 +94,38 @@ double timed(const std::function<void()>& action, Clock clock)
 
 Round inFreshProcess(const std::string& name, Round round)
 {
-    processRounds()[name] = std::move(round);
+    processRounds[name] = std::move(round);
     return [name] {
         QProcess process;
-        process.start(QCoreApplication::applicationFilePath(),
-                      {QStringLiteral("--once"), QString::fromStdString(name)});
+        process.start(QCoreApplication::applicationFilePath(), {"--once", QString::fromStdString(name)});
         process.waitForFinished();
         return process.readAllStandardOutput().toDouble();
     };
 }
 
-bool runComparisons(int argc, char** argv)
+/// bm_ratios [NAME]: prints the comparisons whose name contains NAME, and fails when a bound is exceeded.
+/// bm_ratios --count: runs each once under callgrind. bm_ratios --once NAME: see inFreshProcess().
+int main(int argc, char** argv)
 {
-    if (argc == 3 && std::strcmp(argv[1], "--once") == 0) {
-        std::printf("%.9f\n", processRounds().at(argv[2])());
-        return true;
+    const QApplication application(argc, argv);
+    // As in a host that discards debug lines: composing them still costs.
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
+    addPanelComparisons();
+    addSelecterComparisons();
+    const std::string option = argc > 1 ? argv[1] : "";
+    if (argc > 2 && option == "--once") {
+        std::printf("%.9f\n", processRounds.at(argv[2])());
+        return 0;
     }
-    if (argc >= 2 && std::strcmp(argv[1], "--count") == 0) {
-        countInstructions(argc > 2 ? argv[2] : "");
-        return true;
-    }
-    const bool isCheck = argc > 1 && std::strcmp(argv[1], "--check") == 0;
-
-    // Before the given ones, which win.
-    std::vector<char*> arguments(argv, argv + argc);
-    char interleaving[] = "--benchmark_enable_random_interleaving=true";
-    arguments.insert(arguments.begin() + 1, interleaving);
-    if (isCheck) {
-        arguments.erase(arguments.begin() + 2);
-    }
-    int count = static_cast<int>(arguments.size());
-    benchmark::Initialize(&count, arguments.data());
-    const int repetitions = isCheck ? 3 : 5;
-    for (const Comparison& comparison : comparisons()) {
-        if (!isCheck || comparison.bound != 0.0) {
-            registerSide(comparison, floorName(comparison), comparison.floor, repetitions);
-            registerSide(comparison, comparison.name, comparison.subject, repetitions);
-        }
-    }
-    BestRepetitions results;
-    benchmark::RunSpecifiedBenchmarks(&results);
-
-    std::printf("%-28s %12s %12s %12s\n", "", "floor", "subject", "ratio");
+    isCounting = option == "--count";
     bool allHold = true;
-    for (const Comparison& comparison : comparisons()) {
-        const double floor = results.best(floorName(comparison));
-        const double subject = results.best(comparison.name);
-        if (floor != 0.0 && subject != 0.0) {
-            allHold = print(comparison, floor, subject, isCheck ? checkMargin : 1.0) && allHold;
+    for (const Comparison& comparison : comparisons) {
+        if (isCounting && comparison.isCounted) {
+            count(comparison.name + ":floor", comparison.floor);
+            count(comparison.name, comparison.subject);
+        } else if (!isCounting && comparison.name.find(option) != std::string::npos) {
+            allHold = run(comparison) && allHold;
         }
     }
-    return allHold;
+    return allHold ? 0 : 1;
 }

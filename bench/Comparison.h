@@ -1,17 +1,14 @@
 #pragma once
 
 #include <functional>
-#include <map>
 #include <string>
 
-/// A measurement: prepares, measures, clears up, and returns what it measured, in seconds or bytes.
+/// A measurement: prepares, measures, clears up, and returns the seconds that it measured.
 using Round = std::function<double()>;
 /// Makes what all rounds of one side share; the round owns it.
 using RoundMaker = std::function<Round()>;
 
-enum class Unit { Time, Memory };
-
-/// A figure beside its floor: what the same would cost with nothing of ours in it.
+/// A figure beside its floor: what the same costs with nothing of the project in it.
 struct Comparison
 {
     std::string name;
@@ -20,22 +17,21 @@ struct Comparison
     RoundMaker floor;
     RoundMaker subject;
     int rounds = 20;
-    Unit unit = Unit::Time;
-    /// Whether its instructions are worth counting; no sense with a disk or another process in it.
+    /// Whether instructions are counted; useless with a disk or another process involved.
     bool isCounted = false;
 };
 
 void compare(Comparison comparison);
 
-/// Whose time counts: what else the machine does takes none of the process's own, but a disk does.
+/// The process's own time is not disturbed by other programs, but waiting for a disk is wall time.
 enum class Clock { Process, Wall };
 
-/// Seconds that the action takes. While instructions are counted it is the action that is counted.
+/// Seconds that the action takes. While instructions are counted only those of the action are.
 double timed(const std::function<void()>& action, Clock clock = Clock::Process);
 
 /// A round that runs in a process of its own, for what can be the first only once. The name is unique.
 Round inFreshProcess(const std::string& name, Round round);
 
-/// Runs what the command line selects and prints it. Returns whether every ratio holds, or where only a
-/// check was asked for, holds with a margin for a restless machine.
-bool runComparisons(int argc, char** argv);
+// Each is defined in a file of its own and adds its comparisons.
+void addPanelComparisons();
+void addSelecterComparisons();

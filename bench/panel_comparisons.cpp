@@ -1,198 +1,175 @@
-#include "BarePanel.h"
 #include "Comparison.h"
 #include "EmbeddedCore/EmbeddedCore.h"
 #include "MemoryCore.h"
 #include "Painting.h"
 #include "QIfModuleMainView.h"
-#include "comparisons.h"
+#include "RowCopy.h"
+#include "ZelCommon/ServiceRegistration.h"
+#include "condition/ConditionRecord.h"
+#include "ui_QIfModuleMainView.h"
 
+#include <QLineEdit>
+#include <QPushButton>
 #include <QSqlDatabase>
 #include <QSqlQuery>
 #include <QTemporaryDir>
 #include <QVBoxLayout>
 
-#include <malloc.h>
+#include <memory>
 
-#include <stdexcept>
+using ZelCore::ServiceRegistration;
 
 namespace {
 
-constexpr int mostRows = 32;
-constexpr int usualHeight = 600;
-constexpr int highestHeight = 2000; // shows every row
-
-std::vector<BareValues> valuesOf(int rows)
+QByteArray textOf(int rows)
 {
-    std::vector<BareValues> values;
+    QList<ConditionRecord> list;
     for (int i = 0; i < rows; ++i) {
         const QString number = QString::number(i / 2);
-        if (i % 2 == 0) {
-            values.push_back(
-                {QStringLiteral("int") + number, 0.0 + i, 1000.0 + i, QStringLiteral("count ") + number});
-        } else {
-            values.push_back(
-                {QStringLiteral("float") + number, i + 0.125, 99.5 + i, QStringLiteral("size ") + number});
-        }
+        list << (i % 2 == 0 ? ConditionRecord{"int" + number, 1.0 * i, 1000.0 + i, "count " + number}
+                            : ConditionRecord{"float" + number, i + 0.125, i + 99.5, "size " + number});
     }
-    return values;
+    return ConditionRecord::toText(list).toUtf8();
 }
 
-QString noteOf(bool isEdited)
-{
-    return isEdited ? QStringLiteral("edited") : QStringLiteral("before");
-}
-
-QString boundText(const BareValues& values, double bound)
-{
-    return values.isFloat() ? QString::number(bound, 'f', 3) : QString::number(static_cast<int>(bound));
-}
-
-QString textOf(const std::vector<BareValues>& rows)
-{
-    QString text;
-    for (const BareValues& row : rows) {
-        text += QLatin1Char('%') + row.name + QLatin1String("%:") + boundText(row, row.minimum) +
-                QLatin1Char(':') + boundText(row, row.maximum) + QLatin1Char(':') + row.note +
-                QLatin1Char(';');
-    }
-    return text;
-}
-
-/// A host's window with one of the two panels.
-template <typename Panel>
+/// A host's window, high enough for every row, that measures what is done until it is painted.
 struct Window : QWidget
 {
-    explicit Window(int height)
+    Window()
     {
-        auto* const area = new QWidget;
-        (new QVBoxLayout(this))->addWidget(area);
+        auto* const outer = new QVBoxLayout(this);
+        outer->addWidget(area);
         new QVBoxLayout(area);
-        resize(700, height);
+        resize(700, 2000);
     }
-    Panel& add(Panel* panel)
+    double painted(const std::function<void()>& action) const
     {
-        findChild<QWidget*>()->layout()->addWidget(panel);
-        return *panel;
+        return timed([&] {
+            Painting painting(*this);
+            action();
+            painting.wait();
+        });
     }
-    QWidget* area() { return findChild<QWidget*>(); }
+    QWidget* const area = new QWidget(this);
 };
 
-void showUntilPainted(QWidget& shown, const QWidget& window)
-{
-    Painting painting(window);
-    shown.show();
-    painting.wait();
-}
-
-struct Bare
-{
-    explicit Bare(int rows, int height = usualHeight)
-        : values(valuesOf(rows))
-        , window(height)
-    {}
-    void open()
-    {
-        panel = &window.add(new BarePanel(window.area()));
-        fill();
-        showUntilPainted(window, window);
-    }
-    void fill()
-    {
-        for (const BareValues& row : values) {
-            panel->addRow(row);
-        }
-    }
-    void showAgain()
-    {
-        panel->removeRows();
-        fill();
-        showUntilPainted(*panel, window);
-    }
-
-    std::vector<BareValues> values;
-    Window<BarePanel> window;
-    BarePanel* panel = nullptr;
-};
-
+/// The panel with its rows, on a core in memory.
 struct Real
 {
-    explicit Real(int rows, int height = usualHeight)
-        : window(height)
+    explicit Real(int rows) { core.binaryData["IFText"] = textOf(rows); }
+    double open()
     {
-        core.binaryData["IFText"] = textOf(valuesOf(rows)).toUtf8();
-        registerService(core);
+        return window.painted([this] {
+            panel = new QIfModuleMainView(7, window.area);
+            window.area->layout()->addWidget(panel);
+            window.show();
+        });
     }
-    void open()
+    double showAgain()
     {
-        panel = &window.add(new QIfModuleMainView(7, window.area()));
-        showUntilPainted(window, window);
-        if (panel->findChildren<QLineEdit*>(QStringLiteral("m_ediNote")).size() !=
-            textOf(valuesOf(mostRows)).left(core.binaryData["IFText"].size()).count(QLatin1Char(';'))) {
-            throw std::logic_error("the panel does not show its rows");
-        }
+        return window.painted([this] { panel->show(); });
     }
-    void showAgain() { showUntilPainted(*panel, window); }
 
     MemoryCore core;
-    Window<QIfModuleMainView> window;
+    ServiceRegistration registration{core};
+    Window window;
     QIfModuleMainView* panel = nullptr;
 };
 
-template <typename Side>
-RoundMaker opening(int rows)
+/// The form, sheets and rows of a panel with nothing behind them.
+struct Bare
 {
-    return [rows] {
-        return [rows] {
-            Side side(rows);
-            return timed([&side] { side.open(); });
-        };
-    };
+    explicit Bare(int count)
+    {
+        Real real(count);
+        real.open();
+        const auto widgets = real.panel->findChildren<QWidget*>();
+        for (const QWidget* const widget : widgets) {
+            sheets[widget->objectName()] = widget->styleSheet();
+        }
+        auto* const list = real.panel->findChild<QVBoxLayout*>(QStringLiteral("verL_infoList"));
+        for (int i = 0; i < list->count(); ++i) {
+            rows.emplace_back(*static_cast<QBoxLayout*>(list->itemAt(i)->layout()));
+        }
+    }
+    double open()
+    {
+        return window.painted([this] {
+            panel = new QWidget(window.area);
+            form.setupUi(panel);
+            panel->setStyleSheet(sheets.value(QStringLiteral("lab_help")));
+            for (QWidget* const widget : panel->findChildren<QWidget*>()) {
+                if (const QString sheet = sheets.value(widget->objectName()); !sheet.isEmpty()) {
+                    widget->setStyleSheet(sheet);
+                }
+            }
+            addRows();
+            window.area->layout()->addWidget(panel);
+            window.show();
+        });
+    }
+    double showAgain()
+    {
+        return window.painted([this] {
+            while (form.verL_infoList->count() != 0) {
+                removeLast();
+            }
+            addRows();
+            panel->show();
+        });
+    }
+    void addRows()
+    {
+        for (const RowCopy& row : rows) {
+            add(row);
+        }
+    }
+    void add(const RowCopy& copy)
+    {
+        auto* const row = new QHBoxLayout;
+        copy.build(row, panel);
+        form.verL_infoList->addLayout(row);
+    }
+    void removeLast()
+    {
+        const std::unique_ptr<QLayoutItem> row(form.verL_infoList->takeAt(form.verL_infoList->count() - 1));
+        while (const std::unique_ptr<QLayoutItem> item{row->layout()->takeAt(0)}) {
+            delete item->widget();
+        }
+    }
+
+    QHash<QString, QString> sheets;
+    std::vector<RowCopy> rows;
+    Window window;
+    Ui_QIfModuleMainView form;
+    QWidget* panel = nullptr;
+};
+
+template <typename Side>
+double open(int rows)
+{
+    return Side(rows).open();
 }
 
 template <typename Side>
-RoundMaker showingAgain(int rows)
+Round showAgain(int rows)
 {
-    return [rows] {
-        const auto side = std::make_shared<Side>(rows);
-        side->open();
-        return [side] {
-            side->panel->hide();
-            QApplication::processEvents();
-            return timed([&side] { side->showAgain(); });
-        };
-    };
-}
-
-std::size_t allocated()
-{
-    const auto info = ::mallinfo2();
-    return info.uordblks + info.hblkhd;
-}
-
-template <typename Side>
-RoundMaker memory(int rows)
-{
-    return [rows] {
-        return [rows] {
-            Side side(rows);
-            const std::size_t before = allocated();
-            side.open();
-            return static_cast<double>(allocated() - before);
-        };
+    const auto side = std::make_shared<Side>(rows);
+    side->open();
+    return [side] {
+        side->panel->hide();
+        QApplication::processEvents();
+        return side->showAgain();
     };
 }
 
 Round addToBare(int rows)
 {
-    const auto side = std::make_shared<Bare>(rows, highestHeight);
+    const auto side = std::make_shared<Bare>(rows);
     side->open();
     return [side] {
-        const double seconds = timed([&side] {
-            Painting painting(side->window);
-            side->panel->addRow({QStringLiteral("int99"), 1, 1000, QString()});
-            painting.wait();
-        });
-        side->panel->removeLast();
+        const double seconds = side->window.painted([&side] { side->add(side->rows.back()); });
+        side->removeLast();
         QApplication::processEvents();
         return seconds;
     };
@@ -200,26 +177,20 @@ Round addToBare(int rows)
 
 Round addToReal(int rows)
 {
-    const auto side = std::make_shared<Real>(rows, highestHeight);
+    const auto side = std::make_shared<Real>(rows);
     side->open();
-    const auto* const add = side->panel->findChild<QPushButton*>(QStringLiteral("btn_add"));
-    return [side, add, last = QStringLiteral("int%1").arg((rows + 1) / 2)] {
-        const double seconds = timed([&side, add] {
-            Painting painting(side->window);
-            const_cast<QPushButton*>(add)->click();
-            painting.wait();
-        });
+    return [side, last = QStringLiteral("int%1").arg((rows + 1) / 2)] {
+        auto* const add = side->panel->findChild<QPushButton*>(QStringLiteral("btn_add"));
+        const double seconds = side->window.painted([add] { add->click(); });
         side->panel->onBtnDeleteOpt(last);
         QApplication::processEvents();
         return seconds;
     };
 }
 
-Round buildText(int rows)
+double buildText(int rows)
 {
-    return [values = valuesOf(rows), text = QByteArray()]() mutable {
-        return timed([&values, &text] { text = textOf(values).toUtf8(); });
-    };
+    return timed([rows] { textOf(rows); });
 }
 
 Round finishEdit(int rows)
@@ -235,25 +206,15 @@ Round transaction(int rows)
     auto database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), folder->path());
     database.setDatabaseName(folder->filePath(QStringLiteral("floor.sqlite")));
     database.open();
-    for (const char* const statement : {"PRAGMA synchronous = FULL", "PRAGMA foreign_keys = ON",
-                                        "CREATE TABLE p (module_id INTEGER, name TEXT, value BLOB NOT NULL, "
-                                        "PRIMARY KEY (module_id, name)) WITHOUT ROWID"}) {
+    for (const char* const statement : {"PRAGMA synchronous = EXTRA", "PRAGMA journal_mode = WAL",
+                                        "CREATE TABLE p (name TEXT PRIMARY KEY, value BLOB) WITHOUT ROWID"}) {
         database.exec(QLatin1String(statement));
     }
     const auto query = std::make_shared<QSqlQuery>(database);
-    query->prepare(QStringLiteral("INSERT INTO p VALUES (7, 'IFText', ?) "
-                                  "ON CONFLICT (module_id, name) DO UPDATE SET value = excluded.value"));
-    return [folder, query, rows = valuesOf(rows), isEdited = false]() mutable {
-        // The same bytes again would not be written.
-        isEdited = !isEdited;
-        rows[0].note = noteOf(isEdited);
-        query->bindValue(0, textOf(rows).toUtf8());
-        const auto commit = [&query] {
-            if (!query->exec()) {
-                throw std::logic_error("the floor's transaction failed");
-            }
-        };
-        return timed(commit, Clock::Wall);
+    query->prepare(QStringLiteral("INSERT OR REPLACE INTO p VALUES ('IFText', ?)"));
+    return [folder, query, text = textOf(rows), number = 0]() mutable {
+        query->bindValue(0, text + QByteArray::number(++number)); // the same bytes would not be written
+        return timed([&query] { query->exec(); }, Clock::Wall);
     };
 }
 
@@ -261,19 +222,16 @@ Round finishStoredEdit(int rows)
 {
     const auto folder = std::make_shared<QTemporaryDir>();
     QString error;
-    auto flow = Flow::load(QStringLiteral(SAMPLE_FLOW), &error);
+    const auto flow = Flow::load(QStringLiteral(SAMPLE_FLOW), &error);
     const std::shared_ptr<EmbeddedCore> core =
         EmbeddedCore::open(*flow, folder->filePath(QStringLiteral("store.sqlite")), &error);
     const auto side = std::make_shared<Real>(rows);
     side->open();
+    const auto registration = std::make_shared<ServiceRegistration>(*core);
     auto* const note = side->panel->findChild<QLineEdit*>(QStringLiteral("m_ediNote"));
-    return [folder, core, side, note, isEdited = false]() mutable {
-        isEdited = !isEdited;
-        note->setText(noteOf(isEdited));
-        registerService(*core);
-        const double seconds = timed([&side] { side->panel->onLogicValueChanged2SetParam(); }, Clock::Wall);
-        registerService(side->core);
-        return seconds;
+    return [folder, core, side, registration, note, number = 0]() mutable {
+        note->setText(QString::number(++number));
+        return timed([&side] { side->panel->onLogicValueChanged2SetParam(); }, Clock::Wall);
     };
 }
 
@@ -281,21 +239,22 @@ Round finishStoredEdit(int rows)
 
 void addPanelComparisons()
 {
-    for (const int rows : {1, 8, mostRows}) {
-        const double bound = rows == mostRows ? 1.0 : 0.0;
+    const auto each = [](auto measure, int rows) { // prepares anew for every round
+        return [=] { return [=] { return measure(rows); }; };
+    };
+    const auto once = [](auto prepare, int rows) { return [=] { return prepare(rows); }; };
+    for (const int rows : {1, 8, 31}) {
+        const double bound = rows == 31 ? 1.0 : 0.0;
         const std::string count = '/' + std::to_string(rows);
-        compare({"open a panel" + count, bound * 1.15, opening<Bare>(rows), opening<Real>(rows), 20,
-                 Unit::Time, true});
-        compare({"show it again" + count, bound * 1.15, showingAgain<Bare>(rows), showingAgain<Real>(rows),
-                 20, Unit::Time, true});
-        const int before = rows - 1;
-        compare({"add a row" + count, bound * 1.3, [before] { return addToBare(before); },
-                 [before] { return addToReal(before); }, 40, Unit::Time, true});
-        compare({"a finished edit" + count, bound * 1.5, [rows] { return buildText(rows); },
-                 [rows] { return finishEdit(rows); }, 2000, Unit::Time, true});
-        compare({"a stored edit" + count, bound * 1.2, [rows] { return transaction(rows); },
-                 [rows] { return finishStoredEdit(rows); }, 300});
-        compare({"memory of a panel" + count, bound * 1.1, memory<Bare>(rows), memory<Real>(rows), 5,
-                 Unit::Memory});
+        compare(
+            {"open a panel" + count, bound * 1.15, each(open<Bare>, rows), each(open<Real>, rows), 20, true});
+        compare({"show it again" + count, bound * 1.15, once(showAgain<Bare>, rows),
+                 once(showAgain<Real>, rows), 20, true});
+        compare({"add a row beside" + count, bound * 1.3, once(addToBare, rows), once(addToReal, rows), 40,
+                 true});
+        compare({"a finished edit" + count, bound * 1.5, each(buildText, rows), once(finishEdit, rows), 2000,
+                 true});
+        compare({"a stored edit" + count, bound * 1.2, once(transaction, rows), once(finishStoredEdit, rows),
+                 300});
     }
 }
