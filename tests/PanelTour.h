@@ -3,52 +3,46 @@
 #include "PanelFixture.h"
 #include "QIfModuleMainView.h"
 
-#include <QZelCommonControl/ButtonSelecterView.h>
+#include <QDialog>
 
-/// Works a panel as a user does, in single events that a test may count, follow and answer. A widget
-/// that is not there, since a fault left its row out, is passed over.
+/// Works a panel in a host's dialog as a user does, step by step. A step is a line of text, for example
+/// "type m_ediNote:1 hole": what is done, the widget's object name with its row, and a text.
 class PanelTour : public PanelFixture<QIfModuleMainView>
 {
 public:
-    /// Ends a tour whose panel was destroyed after an event.
+    /// Thrown by perform() once the panel has been destroyed.
     struct PanelGone
     {};
 
+    /// What tour.txt says is stored, with values to subscribe of which the core refuses the last.
     PanelTour();
-    ~PanelTour();
+    ~PanelTour() { core.fault = nullptr; }
     Q_DISABLE_COPY(PanelTour)
 
-    /// A walk through all that the panel offers.
-    void run();
-    /// An edit that the core takes: afterwards all that is shown is stored.
-    void edit();
+    /// The lines of a file in tests/tour, without comments. In tour.txt steps follow "> ".
+    static QStringList linesOf(const QString& name);
 
-    void press(QWidget* widget);
-    void click(QWidget* widget);
-    void key(QWidget* widget, Qt::Key key, Qt::KeyboardModifiers modifiers = {});
-    void type(QWidget* field, const QString& text);
-    /// Opens the selector's menu and picks an entry.
-    void choose(ButtonSelecterView* selecter, const QString& subscribeName);
-    void setVisible(bool visible);
+    /// False if the widget is missing or not visible; nothing is done then.
+    bool perform(const QString& action);
+    /// The tour through all that the panel offers.
+    void performAll();
+    QWidget* find(const QString& target) const;
 
     /// The conditions as the widgets show them, in the form in which they are stored.
+    QStringList shownRows() const;
     QByteArray shown() const;
-    QByteArray shownMode() const;
-    QByteArray storedMode() const { return core.runParams.value(QStringLiteral("LogicalMode")); }
+    bool isModeStored() const;
 
-    /// Selectors of the inputs, in row order.
-    QList<ButtonSelecterView*> inputs() const;
-
-    /// Runs after each event, numbered from 1; may destroy the panel.
-    std::function<void(int number)> afterEvent;
-    /// Answers a command in place of the core, as FakeCore::fault does.
-    std::function<std::optional<ZelCore::CommandResult>(int number, const QString& line)> answer;
-    int commands = 0;
-    int events = 0;
-    int warnings = 0;
-
-    /// Refused by the core, although the menu has it.
-    static const QString refusedSource;
+    QDialog host;
+    /// Called after each event, of which a step can have several; may destroy the panel.
+    std::function<void()> afterEvent = [] {};
+    /// Called for each command; a result it returns is the answer, and the command has no effect. It may
+    /// throw.
+    std::function<std::optional<ZelCore::CommandResult>(const QString&)> answer = [](auto&) {
+        return std::nullopt;
+    };
+    /// Texts of the warning boxes that were shown and closed.
+    QStringList warnings;
 
 private:
     void happened();
