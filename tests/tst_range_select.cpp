@@ -62,10 +62,16 @@ void tst_range_select::construction()
         QString order;
         for (int i = 0; i < strip.layout()->count(); ++i) {
             const QWidget* const widget = strip.layout()->itemAt(i)->widget();
-            order += widget->isHidden() ? QString() : widget->objectName() + ' ';
+            const QSize size = widget->maximumSize();
+            order += widget->isHidden()
+                         ? QString()
+                         : widget->objectName() + QString(" %1x%2 ").arg(size.width()).arg(size.height());
         }
-        QCOMPARE(order, QString("m_spbMinPullBar m_btnMinSwitch m_btnLine %1 m_btnMaxSwitch ")
-                            .arg(source == "True" ? "m_bsvMaxNumSubscribe" : "m_spbMaxPullBar"));
+        QCOMPARE(
+            order,
+            QString(
+                "m_spbMinPullBar 80x30 m_btnMinSwitch 30x30 m_btnLine 10x1 %1 80x30 m_btnMaxSwitch 30x30 ")
+                .arg(source == "True" ? "m_bsvMaxNumSubscribe" : "m_spbMaxPullBar"));
         strip.SetRange(0, 10);
         QCOMPARE(strip.GetCurrentMaxD(), 10.0);
         QCOMPARE(strip.GetMaxRange(), 100);
@@ -184,7 +190,8 @@ void tst_range_select::sliderOpensAndCloses()
 {
     StripFixture f;
     QVERIFY(!f.slider()->isVisible());
-    for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::LayoutRequest, QEvent::Hide}) {
+    const QMouseEvent press(QEvent::MouseButtonPress, {}, Qt::LeftButton, Qt::LeftButton, {});
+    for (const QEvent::Type type : {press.type(), QEvent::LayoutRequest, QEvent::Hide, QEvent::KeyPress}) {
         for (const auto* const spinBox : {f.lower(), f.lower(), f.upper()}) {
             QTest::mouseClick(spinBox->findChild<QLineEdit*>(), Qt::LeftButton);
             QVERIFY(f.slider()->isVisible());
@@ -194,10 +201,13 @@ void tst_range_select::sliderOpensAndCloses()
         QApplication::setActiveWindow(f.slider()); // as a window manager does at the click
         QVERIFY(f.slider()->hasFocus());
         f.core.takeCommands();
+        if (type == QEvent::KeyPress) {
+            QTest::keyClick(f.slider(), Qt::Key_Escape);
+        }
         for (int i = 0; i < 2; ++i) {
-            QMouseEvent press(QEvent::MouseButtonPress, {}, Qt::LeftButton, Qt::LeftButton, {});
+            QMouseEvent mouse(press);
             QEvent other(type);
-            QApplication::sendEvent(&f.window, type == press.type() ? &press : &other);
+            QApplication::sendEvent(&f.window, type == press.type() ? &mouse : &other);
         }
         QVERIFY(!f.slider()->isVisible());
         QCOMPARE(f.core.takeCommands().size(), 1);
