@@ -268,6 +268,10 @@ void tst_range_slider::keysAndWheel()
     QTest::keyClick(&f.view, Qt::Key_Escape);
     QVERIFY(!f.view.isVisible());
     QCOMPARE(f.changes.count(), count);
+    // Opened again it shows -30 to 20.
+    f.view.show();
+    QTest::mouseClick(&f.view, Qt::LeftButton, {}, f.at(0.88));
+    QCOMPARE(f.moved(), Bounds(-10, 20));
 }
 
 void tst_range_slider::closes()
