@@ -124,10 +124,7 @@ void tst_judgement::tables()
         {"a\tb\n1\t2,5\n", "2 2,5=2.5|"},
         {"a;b,b\n1;2,5\n", "2 5=5|"},
         {"a|b\n1|2\n", "line 1: there is no column b; found one column 'a|b': separated by '|'?"},
-        {QByteArray("\xff\xfe"
-                    "a\0,\0b\0",
-                    8),
-         "line 1: the text is UTF-16 or no text; it has to be UTF-8"},
+        {"\xff\xfe,b\n", "line 1: the text is UTF-16 or no text; it has to be UTF-8"},
         {QByteArray("a\0,\0b\0", 6), "line 1: the text is UTF-16 or no text; it has to be UTF-8"},
     };
     for (const auto& [content, expected] : tables) {
@@ -177,26 +174,14 @@ void tst_judgement::separators()
              quint64(6) | quint64(1) << 63);
 }
 
-// As the locale's neighbour writes them, a decimal point is what counts.
+// With a decimal point under every locale.
 void tst_judgement::numbers()
 {
     QLocale::setDefault(QLocale(QLocale::German));
     const auto reset = qScopeGuard([] { QLocale::setDefault(QLocale::c()); });
-    const std::pair<const char*, double> numbers[] = {{"0", 0.0},
-                                                      {"-1.5", -1.5},
-                                                      {"1e-3", 0.001},
-                                                      {"12500.25", 12500.25},
-                                                      {" \t+2", 2.0},
-                                                      {"3 ", 3.0},
-                                                      {".5", 0.5},
-                                                      {"5.", 5.0},
-                                                      {"-0", 0.0},
-                                                      {"1E5", 1e5},
-                                                      {"0.1", 0.1},
-                                                      {"4.9e-324", 4.9e-324},
-                                                      {"123456789012345678", 123456789012345678.0}};
-    for (const auto& [field, expected] : numbers) {
-        QVERIFY2(CsvReader::number(field) == expected, field);
+    for (const char* const field : {"0", "-1.5", "1e-3", "12500.25", " \t+2", "3 ", ".5", "5.", "-0", "1E5",
+                                    "0.1", "4.9e-324", "123456789012345678"}) {
+        QVERIFY2(CsvReader::number(field) == QByteArray(field).toDouble(), field);
     }
     for (const char* const field : {"", " ", "x", "1,5", "1.5 mm", "nan", "inf", "-inf", "1e999", "1e-999",
                                     "0x10", "+-1", "++1", "- 1", "1e", "."}) {

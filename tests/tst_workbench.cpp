@@ -1,7 +1,9 @@
 #include "ConditionsFile.h"
 #include "EmbeddedCore/EmbeddedCore.h"
+#include "WorkbenchOptions.h"
 #include "inspector/ConfigurationJson.h"
 
+#include <QDir>
 #include <QImage>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -24,6 +26,7 @@ class tst_workbench : public QObject
 private slots:
     void errors();
     void helpAndVersion();
+    void defaultStores();
     void picture();
     void runAndDump();
     void tables();
@@ -137,6 +140,23 @@ void tst_workbench::helpAndVersion()
         QCOMPARE(run({option}), 0);
         QVERIFY(m_process.readAllStandardOutput().contains("if-workbench"));
     }
+    m_process.setStandardOutputFile("/dev/full");
+    QCOMPARE(run({"--help"}), 1);
+    m_process.setStandardOutputFile({});
+}
+
+// Each flow file has its own, under whatever path it is opened.
+void tst_workbench::defaultStores()
+{
+    WorkbenchOptions options;
+    QString error;
+    QVERIFY(options.parse({"if-workbench", "--dump"}, &error));
+    const QString flow = fileOf("same.json", flowText);
+    QVERIFY(QDir(m_folder.path()).mkdir("other"));
+    QVERIFY(options.storeFile(flow, "test") !=
+            options.storeFile(fileOf("other/same.json", flowText), "test"));
+    QVERIFY(QFile::link(flow, m_folder.filePath("link.json")));
+    QCOMPARE(options.storeFile(m_folder.filePath("link.json"), "test"), options.storeFile(flow, "test"));
 }
 
 void tst_workbench::picture()
