@@ -1,7 +1,14 @@
+#include "CoreSession.h"
+#include "HostApplication.h"
 #include "PanelFixture.h"
 #include "QIfModuleMainView.h"
-#include "inspector/ModuleInspection.h"
+#include "UndoHistory.h"
+#include "inspector/InspectorView.h"
 #include "inspector/ShownConditions.h"
+#include "inspector/StoredStatus.h"
+
+#include <QPlainTextEdit>
+#include <QTemporaryDir>
 
 using namespace ZelCore;
 
@@ -14,72 +21,230 @@ ModuleConfiguration storing(const QByteArray& ifText)
     return configuration;
 }
 
-// The name and the remark of each row.
-QStringList remarksOf(const ModuleInspection::Rows& rows)
+ModuleBinding bindingOf(ENUM_IO_SUBSCRIBE_TYPE_ type, const char* key, const char* source, QJsonValue value)
 {
-    QStringList remarks;
-    for (const ModuleInspection::Row& row : rows) {
-        remarks << row.cells.first() + QLatin1Char(' ') + row.remark;
-    }
-    return remarks;
+    ModuleBinding binding;
+    binding.target = {7, type, key};
+    binding.source = source;
+    binding.value = std::move(value);
+    return binding;
 }
+
+// A panel over the core of the workbench, and what follows it.
+struct Fixture
+{
+    Fixture()
+    {
+        auto* const layout = new QVBoxLayout(&window);
+        layout->addWidget(panel);
+        layout->addWidget(&status);
+        module.set(7, panel);
+        window.show();
+    }
+    ~Fixture() { status.setParent(nullptr); }
+
+    static std::unique_ptr<EmbeddedCore> open(const QString& store)
+    {
+        QString error;
+        return EmbeddedCore::open(Flow::load(QStringLiteral(SAMPLE_FLOW), &error).value(), store, &error);
+    }
+    void press(const QString& name) const
+    {
+        QTest::mouseClick(
+            panel->findChildren<QPushButton*>(name.section(' ', 0, 0)).value(name.section(' ', 1).toInt()),
+            Qt::LeftButton);
+    }
+    ModuleConfiguration configuration()
+    {
+        module.refresh();
+        return *module.configuration();
+    }
+    QString text()
+    {
+        module.refresh();
+        return status.text();
+    }
+
+    QTemporaryDir folder;
+    CoreSession session{QStringLiteral(SAMPLE_FLOW), open(folder.filePath("store.sqlite"))};
+    CurrentModule module{session};
+    StoredStatus status{module};
+    UndoHistory history{module};
+    QWidget window;
+    QIfModuleMainView* panel = new QIfModuleMainView(7, &window);
+};
 
 } // namespace
 
+/// What the workbench shows of the store beside a panel.
 class tst_inspection : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void conditions();
+    void states_data();
+    void states();
+    void liveRow();
+    void longTexts();
     void whatAPanelShows();
-    void bindingsAndValues();
+    void refusedSaves_data();
+    void refusedSaves();
+    void undo();
 };
 
-void tst_inspection::conditions()
+void tst_inspection::states_data()
 {
+    QTest::addColumn<QByteArray>("stored");
+    QTest::addColumn<QStringList>("states"); // with int0 1..5.9 "a" and float0 0.5..2.25 "b" shown
+    QTest::addColumn<QStringList>("sentences");
+    QTest::newRow("as shown") << QByteArray("%int0%:1:5:a;%float0%:0.500:2.250:b;")
+                              << QStringList{"stored", "stored"} << QStringList();
+    QTest::newRow("nothing stored") << QByteArray("0")
+                                    << QStringList{"shown, but not stored", "shown, but not stored"}
+                                    << QStringList{"int0 is not stored", "float0 is not stored"};
+    QTest::newRow("other bounds")
+        << QByteArray("%int0%:0:6:a;%float0%:0.500:2.251:b;")
+        << QStringList{"stored minimum is 0, shown 1; stored maximum is 6, shown 5",
+                       "stored maximum is 2.251, shown 2.250"}
+        << QStringList{"int0 is not stored: stored minimum is 0, shown 1; stored maximum is 6, shown 5",
+                       "float0 is not stored: stored maximum is 2.251, shown 2.250"};
+    QTest::newRow("another note") << QByteArray("%int0%:1:5:;%float0%:0.500:2.250:b;")
+                                  << QStringList{"stored note is \"\", shown \"a\"", "stored"}
+                                  << QStringList("int0 is not stored: stored note is \"\", shown \"a\"");
+    QTest::newRow("deleted in the panel") << QByteArray("%int0%:1:5:a;%float0%:0.500:2.250:b;%int1%:1:2:;")
+                                          << QStringList{"stored", "stored", "stored, but not shown"}
+                                          << QStringList("int1 is not shown, but still stored");
+    QTest::newRow("cut") << QByteArray("%int0%:1:5:a;%float0%:0.500:2.250:")
+                         << QStringList{"stored", "cut by the length rule"}
+                         << QStringList("float0 is not stored: stored note is \"\", shown \"b\"");
+}
+
+void tst_inspection::states()
+{
+    QFETCH(QByteArray, stored);
     const QList<ConditionRecord> shown = {{"int0", 1.0, 5.9, "a"}, {"float0", 0.5, 2.25, "b"}};
-    const std::pair<const char*, QStringList> cases[] = {
-        {"%int0%:1:5:a;%float0%:0.500:2.250:b;", {"int0 ", "float0 "}},
-        {"0", {"int0 shown, but not stored", "float0 shown, but not stored"}},
-        {"%int0%:1:6:a;%float0%:0.500:2.250:b;", {"int0 shown otherwise: %int0%:1:5:a;", "float0 "}},
-        {"%int0%:1:5:a;%float0%:0.500:2.250:c;",
-         {"int0 ", "float0 shown otherwise: %float0%:0.500:2.250:b;"}},
-        {"%int0%:1:5:a;%float0%:0.500:2.250:b;%int1%:1:2:;", {"int0 ", "float0 ", "int1 not shown"}},
-        {"%int0%:1:5:a;%float0%:0.500:2.250:", {"int0 ", "float0 cut by the length rule"}},
-        {"%int0%:1:5:a;%float0%:0.500:2.", {"int0 ", "float0 shown, but not stored"}}};
-    for (const auto& [stored, remarks] : cases) {
-        QCOMPARE(remarksOf(ModuleInspection::conditions(storing(stored), &shown)), remarks);
-        for (const QString& remark : remarksOf(ModuleInspection::conditions(storing(stored), nullptr))) {
-            QVERIFY2(remark.endsWith(' ') || remark.contains("cut by"), qPrintable(remark));
-        }
+    const int column = ModuleInspection::conditionColumns().indexOf("State");
+    QStringList states;
+    for (const auto& row : ModuleInspection::conditions(storing(stored), &shown)) {
+        states << row.cells.at(column);
+        QCOMPARE(row.remark, states.last() == "stored" ? QString() : states.last());
     }
+    QTEST(states, "states");
+    QTEST(ModuleInspection::differences(storing(stored), shown), "sentences");
+}
+
+void tst_inspection::liveRow()
+{
+    ModuleConfiguration configuration = storing("%float0%:1.000:2.000:a;%int0%:1:5:;%int1%:1:5:;");
+    configuration.bindings = {bindingOf(SUBSCRIBE_TYPE_IO, "%float0%", "5.Radius", 2.5),
+                              bindingOf(SUBSCRIBE_TYPE_IO, "%int0%", "5.Count", 7),
+                              bindingOf(SUBSCRIBE_TYPE_RUNPARAM, "%int0%End", "5.Limit", 8)};
+    configuration.uiData["@%int0%End"] = QByteArray("True", 5);
+    const auto rows = ModuleInspection::conditions(configuration, nullptr);
+    QCOMPARE(rows[0].cells, QStringList({"float0", "5.Radius", "2.5", "1", "2", "out", "stored", "a"}));
+    QCOMPARE(rows[1].cells, QStringList({"int0", "5.Count", "7", "1", "8 (5.Limit)", "in", "stored", ""}));
+    QCOMPARE(rows[2].cells, QStringList({"int1", "", "", "1", "5", "not bound", "stored", ""}));
+    QVERIFY(rows[0].colour.red() > 100 && rows[1].colour.green() > 100);
+
+    // The chosen row of a run instead.
+    const QVector<Judgement::Result> results(3, {Judgement::Outcome::In, 1.5, 1.0, 2.0, {}});
+    QCOMPARE(ModuleInspection::conditions(configuration, nullptr, results)[0].cells[2], "1.5");
+}
+
+void tst_inspection::longTexts()
+{
+    Fixture f;
+    InspectorView view(f.module);
+    view.show();
+    const QByteArray list = "%int0%:1:5:" + QByteArray(200000, 'n') + ';';
+    SetBinaryDataCommand command(7, "IFText", list.constData(), static_cast<UInt>(list.size()));
+    QCOMPARE(f.session.tap().Execute(command).Status, Success);
+    f.module.refresh();
+    const QString shown = view.findChild<QPlainTextEdit*>("inspectorBytes")->toPlainText();
+    QVERIFY2(shown.size() < 4200 && shown.endsWith("nnn... (200012 bytes)"), qPrintable(shown.right(40)));
 }
 
 void tst_inspection::whatAPanelShows()
 {
     PanelFixture<QIfModuleMainView> f;
-    const QByteArray stored = "%int0%:1:5:a;%other%:0:0:x;%float0%:0.500:2.250:b;%int1%:3:4:;";
-    f.show(stored);
+    f.show("%int0%:1:5:a;%other%:0:0:x;%float0%:0.500:2.250:b;%int1%:3:4:;");
     f.at<QPushButton>("m_btnDelete")->click();
     f.add("int");
     QCOMPARE(ConditionRecord::toText(ShownConditions::read(*f.panel)),
              "%other%:0:0:x;%float0%:0.500:2.250:b;%int1%:3:4:;%int0%:1:1000:;");
 }
 
-void tst_inspection::bindingsAndValues()
+void tst_inspection::refusedSaves_data()
 {
-    ModuleConfiguration configuration = storing("0");
-    ModuleBinding gone;
-    gone.target = {7, SUBSCRIBE_TYPE_IO, "%int0%"};
-    gone.source = "5.Gone";
-    gone.missing = "the flow has no value 5.Gone";
-    configuration.bindings << gone;
-    configuration.uiData["@%int0%End"] = QByteArray("True\0\x01", 6);
-    QCOMPARE(remarksOf(ModuleInspection::bindings(configuration)),
-             QStringList("%int0% the flow has no value 5.Gone"));
-    QCOMPARE(ModuleInspection::values(configuration).first().cells.last(), "True\\0\\u0001");
+    QTest::addColumn<QString>("fault");
+    QTest::addColumn<QString>("button"); // pressed while the fault is armed
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("further"); // pressed when it is not
+    QTest::newRow("list") << "kind=SetBinaryData,message=disk full"
+                          << "btn_add"
+                          << "not stored: disk full\nint1 is not stored"
+                          << "btn_add";
+    QTest::newRow("deletion") << "kind=SetBinaryData,answer=Exception,message=gone"
+                              << "m_btnDelete"
+                              << "not stored: gone\nint0 is not shown, but still stored"
+                              << "btn_add";
+    QTest::newRow("no message") << "kind=SetBinaryData"
+                                << "btn_add"
+                                << "not stored: SetBinaryData\nint1 is not stored"
+                                << "btn_add";
+    QTest::newRow("IO") << "kind=AddIO,message=no IO"
+                        << "btn_add"
+                        << "%int1% is not stored: no IO\nint1 is not stored"
+                        << "m_btnDelete 1";
+    QTest::newRow("source of a bound") << "kind=SetUIData,message=disk full"
+                                       << "m_btnMinSwitch"
+                                       << "not stored: disk full"
+                                       << "m_btnMinSwitch";
 }
 
-QTEST_MAIN(tst_inspection)
+// The line stays until a later save succeeds.
+void tst_inspection::refusedSaves()
+{
+    QFETCH(QString, fault);
+    QFETCH(QString, button);
+    QFETCH(QString, further);
+    Fixture f;
+    f.press("btn_add");
+    QVERIFY2(f.text().startsWith("All is stored"), qPrintable(f.text()));
+    QString error;
+    f.session.faults().arm(FaultPlan::parse(fault, &error).value());
+    f.press(button);
+    QTEST(f.text(), "text");
+    f.press(further);
+    QVERIFY2(f.text().startsWith("All is stored"), qPrintable(f.text()));
+}
+
+// Conditions, bindings and bound sources are as before the change, and shown again.
+void tst_inspection::undo()
+{
+    Fixture f;
+    f.press("btn_add");
+    f.press("m_btnMaxSwitch");
+    for (const auto& [type, key] :
+         {std::pair(SUBSCRIBE_TYPE_IO, "%int0%"), {SUBSCRIBE_TYPE_RUNPARAM, "%int0%End"}}) {
+        SetFilterSourceCommand bind({7, type, key}, "5.ObjectCount");
+        QCOMPARE(f.session.tap().Execute(bind).Status, Success);
+    }
+    QString error;
+    QVector<ModuleConfiguration> before;
+    for (const char* const button :
+         {"m_btnMinSwitch", "btn_add", "m_btnMaxSwitch", "m_btnDelete", "btn_add"}) {
+        before << f.configuration();
+        f.press(button);
+    }
+    while (!before.isEmpty()) {
+        f.panel->hide();
+        QVERIFY2(f.history.undo(&error), qPrintable(error));
+        f.panel->show();
+        QVERIFY(ModuleInspection::judgeAlike(f.configuration(), before.takeLast()));
+        QVERIFY2(f.text().startsWith("All is stored"), qPrintable(f.text()));
+    }
+}
+
+HOST_TEST_MAIN(tst_inspection)
 #include "tst_inspection.moc"

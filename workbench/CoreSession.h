@@ -16,7 +16,7 @@ public:
     Q_DISABLE_COPY(CoreSession)
 
     const Flow& flow() const { return m_core->flow(); }
-    const EmbeddedCore& core() const { return *m_core; }
+    EmbeddedCore& core() { return *m_core; }
     /// What the panels talk to.
     CommandTap& tap() { return m_tap; }
     FaultInjector& faults() { return m_faults; }

@@ -1,12 +1,15 @@
 #include "MainWindow.h"
 
+#include "ConditionsFile.h"
 #include "CoreSession.h"
 #include "PanelPlugin.h"
 #include "Translations.h"
+#include "WorkbenchApplication.h"
 #include "WorkbenchSettings.h"
 #include "commands/CommandLogView.h"
 #include "faults/FaultsView.h"
 #include "inspector/InspectorView.h"
+#include "inspector/StoredStatus.h"
 #include "run/RunDock.h"
 
 #include <QActionGroup>
@@ -15,24 +18,40 @@
 #include <QDragEnterEvent>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QListView>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QScreen>
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace {
+
+constexpr QSize preferredSize(1400, 860);
+// A screen with less room starts without the docks at the right, or below.
+constexpr int widthForRightDocks = 1280;
+constexpr int heightForLowerDocks = 740;
+
+QString conditionFiles()
+{
+    return MainWindow::tr("Conditions (*.json)");
+}
 
 // The flow file that is dragged; empty for anything else.
 QString draggedFlow(const QMimeData& data)
 {
     const QList<QUrl> urls = data.urls();
-    return urls.size() == 1 && urls.first().isLocalFile() ? urls.first().toLocalFile() : QString();
+    const QString file = urls.size() == 1 ? urls.first().toLocalFile() : QString();
+    return file.endsWith(QLatin1String(".json"), Qt::CaseInsensitive) ? file : QString();
 }
 
 } // namespace
@@ -42,13 +61,15 @@ MainWindow::MainWindow(CoreSession& session, const PanelPlugin& plugin, Workbenc
     , m_plugin(plugin)
     , m_settings(settings)
     , m_modules(session.flow())
+    , m_module(session)
+    , m_history(m_module)
     , m_moduleList(new QListView)
     , m_pages(new QStackedWidget)
+    , m_storedStatus(new StoredStatus(m_module))
     , m_flowLabel(new QLabel)
     , m_storeLabel(new QLabel)
     , m_faultLabel(new QLabel)
 {
-    resize(1400, 860);
     setAcceptDrops(true);
     createMenus();
 
@@ -60,25 +81,35 @@ MainWindow::MainWindow(CoreSession& session, const PanelPlugin& plugin, Workbenc
 
     auto* const splitter = new QSplitter;
     splitter->addWidget(m_moduleList);
-    splitter->addWidget(m_pages);
+    auto* const centre = new QWidget;
+    auto* const centreLayout = new QVBoxLayout(centre);
+    centreLayout->setContentsMargins({});
+    centreLayout->addWidget(m_pages, 1);
+    centreLayout->addWidget(m_storedStatus);
+    splitter->addWidget(centre);
     splitter->setStretchFactor(1, 1);
     splitter->setSizes({230, 870});
     splitter->setChildrenCollapsible(false);
     setCentralWidget(splitter);
 
-    auto* const inspector = new InspectorView(session);
+    auto* const inspector = new InspectorView(m_module);
     addDock(QStringLiteral("inspectorDock"), inspector, Qt::RightDockWidgetArea);
-    connect(this, &MainWindow::currentModuleChanged, inspector, &InspectorView::setModule);
-    auto* const runDock = new RunDock(session);
+    auto* const runDock = new RunDock(m_module);
     addDock(QStringLiteral("runDock"), runDock, Qt::BottomDockWidgetArea);
-    connect(this, &MainWindow::currentModuleChanged, runDock, &RunDock::showModule);
+    connect(runDock, &RunDock::resultsChosen, inspector, &InspectorView::setResults);
+    for (QAction* const action : runDock->runActions()) {
+        m_runMenu->addAction(action);
+        connect(action, &QAction::triggered, this, [this] {
+            dock("runDock")->show();
+            dock("runDock")->raise();
+        });
+    }
     addDock(QStringLiteral("commandLogDock"), new CommandLogView(session.tap()), Qt::BottomDockWidgetArea);
     addDock(QStringLiteral("faultsDock"), new FaultsView(session.faults()), Qt::RightDockWidgetArea);
     tabifyDockWidget(dock("runDock"), dock("commandLogDock"));
     tabifyDockWidget(dock("inspectorDock"), dock("faultsDock"));
     dock("runDock")->raise();
     dock("inspectorDock")->raise();
-    resizeDocks({dock("inspectorDock")}, {480}, Qt::Horizontal);
 
     m_flowLabel->setObjectName(QStringLiteral("flowLabel"));
     m_storeLabel->setObjectName(QStringLiteral("storeLabel"));
@@ -95,8 +126,27 @@ MainWindow::MainWindow(CoreSession& session, const PanelPlugin& plugin, Workbenc
     showFaults();
 
     retranslate();
+    arrange();
     restoreGeometry(settings.windowGeometry());
     restoreState(settings.windowState());
+}
+
+void MainWindow::arrange()
+{
+    // A screen's bars are left out of its room, the window's frame is not.
+    const QSize room = WorkbenchApplication::isOnScreen() ? screen()->availableSize()
+                                                          : QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
+    for (const char* const name : {"inspectorDock", "faultsDock"}) {
+        dock(name)->setVisible(room.width() >= widthForRightDocks);
+    }
+    for (const char* const name : {"runDock", "commandLogDock"}) {
+        dock(name)->setVisible(room.height() >= heightForLowerDocks);
+    }
+    layout()->activate(); // what is hidden no longer counts
+    resize(preferredSize.boundedTo(room - QSize(4, 32)));
+    // What the list, the panel and the bars leave.
+    resizeDocks({dock("inspectorDock")}, {std::min(540, width() - 230 - 640)}, Qt::Horizontal);
+    resizeDocks({dock("runDock")}, {std::min(310, height() - 540)}, Qt::Vertical);
 }
 
 void MainWindow::createMenus()
@@ -108,8 +158,23 @@ void MainWindow::createMenus()
     m_reloadAction = m_fileMenu->addAction(
         QString(), this, [this] { emit flowChosen(m_session.flowFile()); }, QKeySequence::Refresh);
     m_fileMenu->addSeparator();
+    m_importAction = m_fileMenu->addAction(QString(), this, &MainWindow::importConditions);
+    m_exportAction = m_fileMenu->addAction(QString(), this, &MainWindow::exportConditions);
+    m_fileMenu->addSeparator();
     m_quitAction = m_fileMenu->addAction(QString(), this, &QWidget::close, QKeySequence::Quit);
 
+    m_editMenu = menuBar()->addMenu(QString());
+    m_undoAction = m_editMenu->addAction(QString(), this, &MainWindow::undo, QKeySequence::Undo);
+    const auto updateActions = [this] {
+        m_importAction->setEnabled(m_module.panel());
+        m_exportAction->setEnabled(m_module.panel());
+        m_undoAction->setEnabled(m_module.panel() && m_history.canUndo());
+    };
+    connect(&m_history, &UndoHistory::changed, this, updateActions);
+    updateActions();
+    qApp->installEventFilter(this);
+
+    m_runMenu = menuBar()->addMenu(QString());
     m_viewMenu = menuBar()->addMenu(QString());
 
     m_languageMenu = menuBar()->addMenu(QString());
@@ -134,7 +199,12 @@ void MainWindow::retranslate()
     m_openAction->setText(tr("&Open flow..."));
     m_recentMenu->setTitle(tr("&Recent flows"));
     m_reloadAction->setText(tr("Re&load flow"));
+    m_importAction->setText(tr("&Import conditions..."));
+    m_exportAction->setText(tr("&Export conditions..."));
     m_quitAction->setText(tr("&Quit"));
+    m_editMenu->setTitle(tr("&Edit"));
+    m_undoAction->setText(tr("&Undo"));
+    m_runMenu->setTitle(tr("&Run"));
     m_viewMenu->setTitle(tr("&View"));
     m_languageMenu->setTitle(QStringLiteral("&Language / 语言"));
     m_helpMenu->setTitle(tr("&Help"));
@@ -152,9 +222,10 @@ void MainWindow::retranslate()
     for (QDockWidget* const each : findChildren<QDockWidget*>()) {
         each->setWindowTitle(dockTitles.value(each->objectName()));
     }
-    for (const Page& page : qAsConst(m_pageOf)) {
-        if (page.text) {
-            page.text->setText(tr("This module has no panel here."));
+    for (auto it = m_pageOf.cbegin(); it != m_pageOf.cend(); ++it) {
+        for (auto* const model : it->widget->findChildren<InspectionTableModel*>()) {
+            model->setRows(ModuleInspection::outputColumns(),
+                           ModuleInspection::outputs(*m_session.flow().module(it.key())));
         }
     }
 }
@@ -204,6 +275,59 @@ void MainWindow::dropEvent(QDropEvent* event)
     emit flowChosen(draggedFlow(*event->mimeData()));
 }
 
+bool MainWindow::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::ShortcutOverride &&
+        static_cast<QKeyEvent*>(event)->matches(QKeySequence::Undo)) {
+        const auto* edit = qobject_cast<const QLineEdit*>(watched);
+        edit = edit ? edit : watched->findChild<const QLineEdit*>();
+        return edit && !edit->isUndoAvailable();
+    }
+    return QMainWindow::eventFilter(watched, event);
+}
+
+void MainWindow::undo()
+{
+    replaceStored([this](QString* error) { return m_history.undo(error); });
+}
+
+void MainWindow::importConditions()
+{
+    const QString file =
+        QFileDialog::getOpenFileName(this, tr("Import conditions"), QString(), conditionFiles());
+    if (!file.isEmpty()) {
+        replaceStored([&](QString* error) {
+            *error = WorkbenchApplication::refusal(file);
+            return error->isEmpty() && ConditionsFile::import(file, m_session.core(), m_module.id(), error);
+        });
+    }
+}
+
+void MainWindow::exportConditions()
+{
+    const QString file = QFileDialog::getSaveFileName(this, tr("Export conditions"),
+                                                      QStringLiteral("conditions.json"), conditionFiles());
+    QString error = m_module.error();
+    if (!file.isEmpty() &&
+        !(m_module.configuration() && ConditionsFile::write(file, *m_module.configuration(), &error))) {
+        WorkbenchApplication::tellError(error);
+    }
+}
+
+void MainWindow::replaceStored(const std::function<bool(QString*)>& replace)
+{
+    // Hiding the panel saves an unfinished edit, showing it loads what is stored.
+    QWidget* const panel = m_module.panel();
+    QString error;
+    panel->hide();
+    const bool isDone = replace(&error);
+    m_module.refresh();
+    panel->show();
+    if (!isDone) {
+        WorkbenchApplication::tellError(error);
+    }
+}
+
 void MainWindow::showRecentFlows()
 {
     m_recentMenu->clear();
@@ -238,6 +362,9 @@ void MainWindow::showModule(unsigned int moduleId)
 
 void MainWindow::showCurrentModule()
 {
+    if (!m_moduleList->currentIndex().isValid()) {
+        return;
+    }
     const FlowModule& module = m_modules.moduleAt(m_moduleList->currentIndex());
     Page& page = m_pageOf[module.id];
     if (!page.widget) {
@@ -245,7 +372,7 @@ void MainWindow::showCurrentModule()
         m_pages->addWidget(page.widget);
     }
     m_pages->setCurrentWidget(page.widget);
-    emit currentModuleChanged(module.id, page.panel);
+    m_module.set(module.id, page.panel);
 }
 
 void MainWindow::addDock(const QString& name, QWidget* content, Qt::DockWidgetArea area)
@@ -254,6 +381,8 @@ void MainWindow::addDock(const QString& name, QWidget* content, Qt::DockWidgetAr
     added->setObjectName(name);
     added->setWidget(content);
     addDockWidget(area, added);
+    // A dock behind another one, as a tab, counts as visible; Tab must not go there.
+    connect(added, &QDockWidget::visibilityChanged, content, &QWidget::setEnabled);
     m_viewMenu->addAction(added->toggleViewAction());
 }
 
@@ -274,16 +403,19 @@ MainWindow::Page MainWindow::createPage(const FlowModule& module)
     pageLayout->addWidget(heading);
     pageLayout->addWidget(frame, 1);
     auto* const frameLayout = new QVBoxLayout(frame);
-    if (module.kind == Flow::ifKind()) {
-        page.panel = m_plugin.createPanel(module.id, frame);
-    }
-    if (page.panel) {
+    QString error;
+    if (module.kind != Flow::ifKind()) {
+        auto* const outputs = new InspectionTableModel(page.widget);
+        outputs->setRows(ModuleInspection::outputColumns(), ModuleInspection::outputs(module));
+        frameLayout->addWidget(InspectorView::createTable(*outputs, QStringLiteral("outputTable")));
+    } else if (!m_session.core().configuration(module.id, &error)) {
+        auto* const text = new QLabel(error);
+        text->setTextFormat(Qt::PlainText);
+        text->setWordWrap(true);
+        frameLayout->addWidget(text);
+    } else if ((page.panel = m_plugin.createPanel(module.id, frame))) {
         frameLayout->setContentsMargins({});
         frameLayout->addWidget(page.panel);
-    } else {
-        page.text = new QLabel(tr("This module has no panel here."));
-        page.text->setAlignment(Qt::AlignCenter);
-        frameLayout->addWidget(page.text);
     }
     return page;
 }

@@ -1,9 +1,13 @@
 #pragma once
 
 #include "FlowModuleModel.h"
+#include "UndoHistory.h"
+#include "inspector/InspectionTableModel.h"
 
 #include <QHash>
 #include <QMainWindow>
+
+#include <functional>
 
 class CoreSession;
 class PanelPlugin;
@@ -12,6 +16,7 @@ class QLabel;
 class QListView;
 class QMenu;
 class QStackedWidget;
+class StoredStatus;
 class WorkbenchSettings;
 
 /// The window of the workbench: the flow's modules on the left, the chosen one's panel beside them.
@@ -34,10 +39,10 @@ signals:
     /// A flow is to be opened in place of this one.
     void flowChosen(QString file);
     void languageChosen(QString code);
-    /// The panel is null for a module that has none.
-    void currentModuleChanged(unsigned int moduleId, QWidget* panel);
 
 protected:
+    /// Lets Ctrl+Z through that a field has no use for.
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
@@ -47,17 +52,23 @@ private:
     struct Page
     {
         QWidget* widget = nullptr;
-        /// Null where the module has none; a text tells so.
+        /// Null where the module has none or its configuration can't be shown.
         QWidget* panel = nullptr;
-        QLabel* text = nullptr;
     };
     Page createPage(const FlowModule& module);
     /// Adds a dock of this name at an edge, and its switch to the menu of views.
     void addDock(const QString& name, QWidget* content, Qt::DockWidgetArea area);
     QDockWidget* dock(const char* name) const;
+    /// Size and docks of the first start: the panel comes before the docks on a small screen.
+    void arrange();
     void createMenus();
     void retranslate();
     void showCurrentModule();
+    void undo();
+    void importConditions();
+    void exportConditions();
+    /// Has what is stored for the current module replaced, while its panel is hidden.
+    void replaceStored(const std::function<bool(QString* error)>& replace);
     void showRecentFlows();
     void askForFlow();
     void showAbout();
@@ -66,19 +77,27 @@ private:
     const PanelPlugin& m_plugin;
     WorkbenchSettings& m_settings;
     FlowModuleModel m_modules;
+    CurrentModule m_module;
+    UndoHistory m_history;
     QListView* m_moduleList;
     QStackedWidget* m_pages;
+    StoredStatus* m_storedStatus;
     QHash<unsigned int, Page> m_pageOf;
     QLabel* m_flowLabel;
     QLabel* m_storeLabel;
     QLabel* m_faultLabel;
     QMenu* m_fileMenu;
     QMenu* m_recentMenu;
+    QMenu* m_editMenu;
+    QMenu* m_runMenu;
     QMenu* m_viewMenu;
     QMenu* m_languageMenu;
     QMenu* m_helpMenu;
     QAction* m_openAction;
     QAction* m_reloadAction;
+    QAction* m_importAction;
+    QAction* m_exportAction;
     QAction* m_quitAction;
+    QAction* m_undoAction;
     QAction* m_aboutAction;
 };

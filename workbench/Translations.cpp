@@ -1,6 +1,8 @@
 #include "Translations.h"
 
-#include <QCoreApplication>
+#include "WorkbenchSettings.h"
+
+#include <QGuiApplication>
 #include <QLibraryInfo>
 #include <QLocale>
 
@@ -14,9 +16,11 @@ QVector<Translations::Language> Translations::languages()
     return {{chinese, QStringLiteral("中文")}, {english, QStringLiteral("English")}};
 }
 
-QString Translations::systemLanguage()
+Translations::Translations()
 {
-    return QLocale::system().language() == QLocale::English ? english : chinese;
+    const QString chosen = WorkbenchSettings().language();
+    const bool isChinese = QLocale::system().uiLanguages().value(0).startsWith(QLatin1String("zh"));
+    setLanguage(!chosen.isEmpty() ? chosen : isChinese ? chinese : english);
 }
 
 void Translations::setLanguage(const QString& code)
@@ -37,4 +41,5 @@ void Translations::setLanguage(const QString& code)
             m_translators.push_back(std::move(translator));
         }
     }
+    QGuiApplication::setApplicationDisplayName(QCoreApplication::translate("main", "If Workbench"));
 }

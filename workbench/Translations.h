@@ -21,10 +21,12 @@ public:
         QString name;
     };
     static QVector<Language> languages();
-    /// The language of the user's system where it is one of these, else the panels' own.
-    static QString systemLanguage();
 
-    /// Needs an application object. Widgets learn of it by LanguageChange; panels have to be told.
+    /// Sets the language that the user has chosen before, else Chinese on a Chinese system and English on
+    /// others. Needs an application object.
+    Translations();
+
+    /// Widgets learn of it by LanguageChange; panels have to be told.
     void setLanguage(const QString& code);
     QString language() const { return m_language; }
 

@@ -1,5 +1,6 @@
 #include "Workbench.h"
 
+#include "ConditionsFile.h"
 #include "CoreSession.h"
 #include "MainWindow.h"
 #include "WorkbenchApplication.h"
@@ -8,13 +9,12 @@
 
 #include <utility>
 
-Workbench::Workbench(const WorkbenchOptions& options, std::unique_ptr<PanelPlugin> plugin)
+Workbench::Workbench(const WorkbenchOptions& options, Translations& translations,
+                     std::unique_ptr<PanelPlugin> plugin)
     : m_options(options)
+    , m_translations(translations)
     , m_plugin(std::move(plugin))
-{
-    const QString remembered = m_settings.language();
-    m_translations.setLanguage(remembered.isEmpty() ? Translations::systemLanguage() : remembered);
-}
+{}
 
 Workbench::~Workbench() = default;
 
@@ -32,10 +32,16 @@ bool Workbench::open(const QString& flowFile, QString* error)
     const QString storeFile = m_options.storeFile(flowFile, flow->name());
 
     if (m_session && QFileInfo(m_session->storeFile()) == QFileInfo(storeFile)) {
-        close(); // a store has one owner
+        // A store has one owner: the present one gives it up only to a store that can be read.
+        if (!EmbeddedCore::openReadOnly(*flow, storeFile, error)) {
+            return false;
+        }
+        close();
     }
+    const bool isFirstSample = isFirst && m_options.opensSample() && !QFileInfo::exists(storeFile);
     auto core = EmbeddedCore::open(std::move(*flow), storeFile, error);
-    if (!core) {
+    if (!core ||
+        (isFirstSample && !ConditionsFile::import(m_options.sampleConditions(), *core, *moduleId, error))) {
         return false;
     }
     close();
@@ -67,14 +73,11 @@ void Workbench::close()
 
 void Workbench::showFlow(const QString& flowFile)
 {
-    QString error;
-    if (open(flowFile, &error)) {
+    QString error = WorkbenchApplication::refusal(flowFile);
+    if (error.isEmpty() && open(flowFile, &error)) {
         m_window->show();
-        return;
-    }
-    WorkbenchApplication::tellError(error);
-    if (!m_window) {
-        QCoreApplication::exit(EXIT_FAILURE);
+    } else {
+        WorkbenchApplication::tellError(error);
     }
 }
 

@@ -18,11 +18,13 @@ class Workbench : public QObject
     Q_OBJECT
 
 public:
-    Workbench(const WorkbenchOptions& options, std::unique_ptr<PanelPlugin> plugin);
+    /// Options and translations must outlive it.
+    Workbench(const WorkbenchOptions& options, Translations& translations,
+              std::unique_ptr<PanelPlugin> plugin);
     ~Workbench() override;
 
     /// Opens the flow in place of the present one. False, and a sentence in error, when that can't be done;
-    /// the present one stays open then, unless it has the same store.
+    /// the present one stays open then.
     bool open(const QString& flowFile, QString* error);
 
     /// Null before a flow is open.
@@ -34,9 +36,9 @@ private:
     void setLanguage(const QString& code);
 
     const WorkbenchOptions& m_options;
+    Translations& m_translations;
     std::unique_ptr<PanelPlugin> m_plugin;
     WorkbenchSettings m_settings;
-    Translations m_translations;
     std::unique_ptr<CoreSession> m_session;
     std::unique_ptr<MainWindow> m_window;
 };

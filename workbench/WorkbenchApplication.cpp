@@ -1,5 +1,6 @@
 #include "WorkbenchApplication.h"
 
+#include <QFileInfo>
 #include <QMessageBox>
 #include <QStyle>
 
@@ -40,11 +41,21 @@ void WorkbenchApplication::showException(const QString& text)
     m_box->show();
 }
 
+bool WorkbenchApplication::isOnScreen()
+{
+    return platformName() != QLatin1String("offscreen") && platformName() != QLatin1String("minimal");
+}
+
+QString WorkbenchApplication::refusal(const QString& file)
+{
+    const QFileInfo info(file);
+    return info.exists() && !info.isFile() ? tr("%1 is not a regular file.").arg(file) : QString();
+}
+
 void WorkbenchApplication::tellError(const QString& text)
 {
     std::fprintf(stderr, "%s: %s\n", qUtf8Printable(applicationName()), qUtf8Printable(text));
-    const QString platform = platformName();
-    if (platform != QLatin1String("offscreen") && platform != QLatin1String("minimal")) {
+    if (isOnScreen()) {
         QMessageBox::critical(nullptr, applicationDisplayName(), text);
     }
 }

@@ -16,6 +16,12 @@ public:
 
     bool notify(QObject* receiver, QEvent* event) override;
 
+    /// Whether windows are seen; they are not where only pictures are made of them.
+    static bool isOnScreen();
+
+    /// Why a window does not read a file that may keep it waiting, as a pipe does; empty for other files.
+    static QString refusal(const QString& file);
+
     /// Tells why the program can't go on: in a box, or on standard error where nobody would see one.
     static void tellError(const QString& text);
 

@@ -224,6 +224,16 @@ QString WorkbenchOptions::flowFile() const
     return valueOr(flowOption, QStringLiteral("../share/if-workbench/nuclei.json"));
 }
 
+bool WorkbenchOptions::opensSample() const
+{
+    return !m_parser.isSet(flowOption) && !m_parser.isSet(storeOption) && !m_moduleId;
+}
+
+QString WorkbenchOptions::sampleConditions() const
+{
+    return fromProgramFolder(QStringLiteral("../share/if-workbench/nuclei-conditions.json"));
+}
+
 QString WorkbenchOptions::pluginFile() const
 {
     const QString installed = QStringLiteral(INSTALLED_PLUGIN_FOLDER "/libQIfModule.so");

@@ -52,6 +52,10 @@ public:
     std::optional<unsigned int> onlyIfModuleOf(const Flow& flow, QString* error) const;
 
     QString flowFile() const;
+    /// Whether neither flow nor store is given: the sample is shown.
+    bool opensSample() const;
+    /// What the sample's store holds at first, see ConditionsFile.
+    QString sampleConditions() const;
     QString pluginFile() const;
     /// One file for each flow file by default, in the user's data folder, which is made when the task may
     /// make a store.

@@ -9,7 +9,6 @@
 #include "WorkbenchOptions.h"
 
 #include <QIcon>
-#include <QLocale>
 
 #include <cstdio>
 
@@ -21,16 +20,15 @@ void setNames()
 {
     QCoreApplication::setApplicationName(QStringLiteral("if-workbench"));
     QCoreApplication::setApplicationVersion(QStringLiteral(IF_WORKBENCH_VERSION));
-    QGuiApplication::setApplicationDisplayName(QCoreApplication::translate("main", "If Workbench"));
 }
 
-int run(const WorkbenchOptions& options, QString* error)
+int run(const WorkbenchOptions& options, Translations& translations, QString* error)
 {
     auto plugin = PanelPlugin::load(options.pluginFile(), error);
     if (!plugin) {
         return EXIT_FAILURE;
     }
-    Workbench workbench(options, std::move(plugin));
+    Workbench workbench(options, translations, std::move(plugin));
     if (!workbench.open(options.flowFile(), error)) {
         return EXIT_FAILURE;
     }
@@ -127,12 +125,6 @@ std::optional<int> runWithoutWindow(const WorkbenchOptions& options)
     return error.isEmpty() ? code : fail(code, error);
 }
 
-// Of the system where it is Chinese; else the texts as they are written.
-QString commandLineLanguage()
-{
-    return QLocale::system().language() == QLocale::Chinese ? QStringLiteral("zh_CN") : QStringLiteral("en");
-}
-
 } // namespace
 
 int main(int argc, char** argv)
@@ -141,8 +133,7 @@ int main(int argc, char** argv)
     std::optional<WorkbenchOptions> options;
     {
         const QCoreApplication application(argc, argv);
-        Translations translations;
-        translations.setLanguage(commandLineLanguage());
+        const Translations translations;
         options.emplace();
         QString error;
         if (!options->parse(QCoreApplication::arguments(), &error)) {
@@ -162,9 +153,10 @@ int main(int argc, char** argv)
     }
 
     WorkbenchApplication application(argc, argv);
+    Translations translations;
     QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/if-workbench/icons/if-workbench-128.png")));
     QString error;
-    const int exitCode = run(*options, &error);
+    const int exitCode = run(*options, translations, &error);
     if (exitCode != EXIT_SUCCESS) {
         WorkbenchApplication::tellError(error);
     }

@@ -44,6 +44,8 @@ QVariant InspectionTableModel::data(const QModelIndex& index, int role) const
         return row.cells.value(index.column());
     case Qt::ToolTipRole:
         return row.remark.isEmpty() ? row.cells.value(index.column()) : row.remark;
+    case Qt::ForegroundRole:
+        return index.column() == row.colouredCell ? row.colour : QVariant();
     case Qt::BackgroundRole:
         return row.remark.isEmpty() ? QVariant() : QColor(255, 225, 205);
     default:

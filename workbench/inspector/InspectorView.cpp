@@ -1,8 +1,6 @@
 #include "inspector/InspectorView.h"
 
-#include "CoreSession.h"
 #include "commands/CommandText.h"
-#include "inspector/ShownConditions.h"
 #include "judgement/IfConfiguration.h"
 
 #include <QEvent>
@@ -14,11 +12,12 @@
 
 namespace {
 constexpr int bytesHeight = 60; // px
+constexpr std::size_t longestBytes = 4096;
 } // namespace
 
-InspectorView::InspectorView(CoreSession& session, QWidget* parent)
+InspectorView::InspectorView(const CurrentModule& module, QWidget* parent)
     : QTabWidget(parent)
-    , m_session(session)
+    , m_module(module)
     , m_summary(new QLabel)
     , m_bytes(new QPlainTextEdit)
 {
@@ -41,21 +40,13 @@ InspectorView::InspectorView(CoreSession& session, QWidget* parent)
     addTab(createTable(m_values, QStringLiteral("valueTable")), QString());
     retranslate();
 
-    m_refresh.setSingleShot(true);
-    m_refresh.setInterval(0);
-    connect(&m_refresh, &QTimer::timeout, this, &InspectorView::refresh);
-    connect(&session.tap(), &CommandTap::executed, this, [this] {
-        if (!m_refresh.isActive()) {
-            m_refresh.start();
-        }
-    });
+    connect(&module, &CurrentModule::changed, this, &InspectorView::refresh);
 }
 
-void InspectorView::setModule(unsigned int moduleId, QWidget* panel)
+void InspectorView::setResults(const QVector<Judgement::Result>& results)
 {
-    m_moduleId = moduleId;
-    m_panel = panel;
-    m_refresh.start();
+    m_results = results;
+    refresh();
 }
 
 QWidget* InspectorView::createTable(InspectionTableModel& model, const QString& name)
@@ -86,20 +77,17 @@ void InspectorView::retranslate()
 
 void InspectorView::refresh()
 {
-    if (!isVisible() || m_moduleId == 0) {
+    if (!isVisible() || m_module.id() == 0) {
         return;
     }
-    QString error;
-    const auto configuration = m_session.core().configuration(m_moduleId, &error);
+    const auto& configuration = m_module.configuration();
     if (!configuration) {
-        m_summary->setText(error);
+        m_summary->setText(m_module.error());
         return;
     }
-    const bool isLoaded = m_panel && m_panel->isVisible();
-    const QList<ConditionRecord> shown =
-        isLoaded ? ShownConditions::read(*m_panel) : QList<ConditionRecord>();
+    const auto shown = m_module.shown();
     m_conditions.setRows(ModuleInspection::conditionColumns(),
-                         ModuleInspection::conditions(*configuration, isLoaded ? &shown : nullptr));
+                         ModuleInspection::conditions(*configuration, shown ? &*shown : nullptr, m_results));
     m_ios.setRows(ModuleInspection::ioColumns(), ModuleInspection::ios(*configuration));
     m_bindings.setRows(ModuleInspection::bindingColumns(), ModuleInspection::bindings(*configuration));
     m_values.setRows(ModuleInspection::valueColumns(), ModuleInspection::values(*configuration));
@@ -107,12 +95,13 @@ void InspectorView::refresh()
         tr("Mode: %1. Stored list, bytes: %2")
             .arg(IfConfiguration::needsAll(*configuration) ? tr("all must be met") : tr("any suffices"),
                  QString::number(IfConfiguration::conditionList(*configuration).size())));
-    m_bytes->setPlainText(CommandText::visible(IfConfiguration::conditionList(*configuration).toStdString()));
+    m_bytes->setPlainText(
+        CommandText::visible(IfConfiguration::conditionList(*configuration).toStdString(), longestBytes));
 }
 
 void InspectorView::showEvent(QShowEvent* event)
 {
-    m_refresh.start();
+    refresh();
     QTabWidget::showEvent(event);
 }
 
@@ -120,7 +109,7 @@ void InspectorView::changeEvent(QEvent* event)
 {
     if (event->type() == QEvent::LanguageChange) {
         retranslate();
-        m_refresh.start();
+        refresh();
     }
     QTabWidget::changeEvent(event);
 }

@@ -1,12 +1,10 @@
 #pragma once
 
+#include "CurrentModule.h"
 #include "inspector/InspectionTableModel.h"
 
-#include <QPointer>
 #include <QTabWidget>
-#include <QTimer>
 
-class CoreSession;
 class QLabel;
 class QPlainTextEdit;
 
@@ -16,26 +14,26 @@ class InspectorView : public QTabWidget
     Q_OBJECT
 
 public:
-    /// The session must outlive the view.
-    explicit InspectorView(CoreSession& session, QWidget* parent = nullptr);
+    /// The module must outlive the view.
+    explicit InspectorView(const CurrentModule& module, QWidget* parent = nullptr);
 
-    /// The panel may be null and may go.
-    void setModule(unsigned int moduleId, QWidget* panel);
+    /// What a run gave for the conditions, shown until the module is judged by other ones; empty for the
+    /// flow's sample values.
+    void setResults(const QVector<Judgement::Result>& results);
+
+    /// A view of rows, fitted to their texts.
+    static QWidget* createTable(InspectionTableModel& model, const QString& name);
 
 protected:
     void showEvent(QShowEvent* event) override;
     void changeEvent(QEvent* event) override;
 
 private:
-    QWidget* createTable(InspectionTableModel& model, const QString& name);
     void retranslate();
     void refresh();
 
-    CoreSession& m_session;
-    unsigned int m_moduleId = 0;
-    QPointer<QWidget> m_panel;
-    // Many commands in a row are read once.
-    QTimer m_refresh;
+    const CurrentModule& m_module;
+    QVector<Judgement::Result> m_results;
     InspectionTableModel m_conditions;
     InspectionTableModel m_ios;
     InspectionTableModel m_bindings;

@@ -22,10 +22,10 @@ QVariant colourOf(Judgement::Outcome outcome)
 
 } // namespace
 
-void ResultModel::begin(const QVector<Judgement::Condition>& conditions)
+void ResultModel::begin(const QStringList& titles)
 {
     beginResetModel();
-    m_conditions = conditions;
+    m_titles = titles;
     m_rows.clear();
     endResetModel();
 }
@@ -40,6 +40,23 @@ void ResultModel::append(const QVector<Row>& rows)
     endInsertRows();
 }
 
+QString ResultModel::textOf(const QModelIndexList& rows) const
+{
+    QStringList lines;
+    const auto addLine = [&](const auto& cellOf) {
+        QStringList cells;
+        for (int column = 0; column < columnCount(); ++column) {
+            cells << cellOf(column).toString().simplified();
+        }
+        lines << cells.join(QLatin1Char('\t'));
+    };
+    addLine([this](int column) { return headerData(column, Qt::Horizontal, Qt::DisplayRole); });
+    for (const QModelIndex& row : rows) {
+        addLine([&row](int column) { return row.siblingAtColumn(column).data(); });
+    }
+    return lines.join(QLatin1Char('\n'));
+}
+
 int ResultModel::rowCount(const QModelIndex& parent) const
 {
     return parent.isValid() ? 0 : m_rows.size();
@@ -47,7 +64,7 @@ int ResultModel::rowCount(const QModelIndex& parent) const
 
 int ResultModel::columnCount(const QModelIndex& parent) const
 {
-    return parent.isValid() ? 0 : FirstCondition + m_conditions.size();
+    return parent.isValid() ? 0 : FirstCondition + m_titles.size();
 }
 
 QVariant ResultModel::data(const QModelIndex& index, int role) const
@@ -63,12 +80,14 @@ QVariant ResultModel::data(const QModelIndex& index, int role) const
         }
         return role == Qt::ForegroundRole ? colourOf(result.outcome) : QVariant();
     }
-    const bool isLine = index.column() == Line;
+    const bool isNumber = index.column() == Number;
     switch (role) {
     case Qt::DisplayRole:
-        return isLine ? row.line > 0 ? QVariant(row.line) : QVariant() : row.isOk ? tr("OK") : tr("not OK");
+        return isNumber ? QVariant(row.number) : row.isOk ? tr("OK") : tr("not OK");
+    case Qt::ToolTipRole:
+        return row.line > 0 ? tr("line %1 of the file").arg(row.line) : QVariant();
     case Qt::ForegroundRole:
-        return isLine || row.isOk ? QVariant() : notMet;
+        return isNumber || row.isOk ? QVariant() : notMet;
     default:
         return {};
     }
@@ -76,18 +95,10 @@ QVariant ResultModel::data(const QModelIndex& index, int role) const
 
 QVariant ResultModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    if (orientation == Qt::Vertical) {
-        // The number of the object.
-        return role == Qt::DisplayRole ? QVariant(section + 1) : QVariant();
-    }
-    if (section >= FirstCondition) {
-        const Judgement::Condition& condition = m_conditions.at(section - FirstCondition);
-        return role == Qt::DisplayRole   ? QVariant(condition.name)
-               : role == Qt::ToolTipRole ? QVariant(condition.note)
-                                         : QVariant();
-    }
-    if (role != Qt::DisplayRole) {
+    if (orientation != Qt::Horizontal || role != Qt::DisplayRole) {
         return {};
     }
-    return section == Line ? tr("Line") : tr("Result");
+    return section == Number    ? tr("Row")
+           : section == Verdict ? tr("Result")
+                                : m_titles.value(section - FirstCondition);
 }

@@ -4,8 +4,8 @@
 
 #include <QAbstractTableModel>
 
-/// The judged rows of a run as a table: line of the file, OK or not, and for each condition the outcome in
-/// words. Holds the first rows only, so that its memory is bounded.
+/// Judged rows of a run as a table: number, OK or not, and for each condition the outcome in words. Holds
+/// the first rows that it is given only, so that its memory is bounded.
 class ResultModel : public QAbstractTableModel
 {
     Q_OBJECT
@@ -15,7 +15,9 @@ public:
 
     struct Row
     {
-        /// 0 where there is no file.
+        /// From 1, in the order of the run.
+        qint64 number = 0;
+        /// Of the file; 0 where there is none.
         qint64 line = 0;
         bool isOk = false;
         QVector<Judgement::Result> results;
@@ -23,12 +25,15 @@ public:
 
     using QAbstractTableModel::QAbstractTableModel;
 
-    /// Empties the table for a run over these conditions.
-    void begin(const QVector<Judgement::Condition>& conditions);
+    /// Empties the table for a run over conditions with these column titles.
+    void begin(const QStringList& titles);
     /// How many rows there is still room for.
     int room() const { return capacity - m_rows.size(); }
     /// At most as many rows as there is room for, each with a result for each condition.
     void append(const QVector<Row>& rows);
+    const Row& row(int index) const { return m_rows.at(index); }
+    /// Rows as lines of cells separated by tabs, below the titles.
+    QString textOf(const QModelIndexList& rows) const;
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
@@ -36,8 +41,8 @@ public:
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
 private:
-    enum Column { Line, Verdict, FirstCondition };
+    enum Column { Number, Verdict, FirstCondition };
 
-    QVector<Judgement::Condition> m_conditions;
+    QStringList m_titles;
     QVector<Row> m_rows;
 };

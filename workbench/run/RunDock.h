@@ -1,40 +1,58 @@
 #pragma once
 
 #include "judgement/SampleRun.h"
+#include "run/HistogramView.h"
 #include "run/ResultModel.h"
+#include "run/ValueSample.h"
 
+#include <QElapsedTimer>
 #include <QTimer>
 #include <QWidget>
 
 #include <memory>
 
-class CoreSession;
-class HistogramView;
+class CurrentModule;
+class QAction;
+class QCheckBox;
 class QComboBox;
 class QLabel;
 class QProgressBar;
 class QPushButton;
 class QTableView;
 
-/// Judges sample values by the current module's configuration and shows what came out. The configuration is
-/// read from the core at each press of a button.
+/// Judges sample values by the current module's configuration and shows what came out. Only an If module can
+/// be run.
 class RunDock : public QWidget
 {
     Q_OBJECT
 
 public:
-    /// The session must outlive the dock.
-    explicit RunDock(const CoreSession& session, QWidget* parent = nullptr);
+    /// The module must outlive the dock.
+    explicit RunDock(const CurrentModule& module, QWidget* parent = nullptr);
 
-    /// Only an If module can be run.
-    void showModule(unsigned int moduleId);
+    /// Judge the first row, the next one, all of them.
+    QList<QAction*> runActions() const;
+
+signals:
+    /// A row of the results was chosen; empty when none is, or when the conditions have changed since.
+    void resultsChosen(const QVector<Judgement::Result>& results);
 
 protected:
     void changeEvent(QEvent* event) override;
 
 private:
+    /// What is shown of a condition beside its totals.
+    struct ConditionValues
+    {
+        ValueSample values;
+        bool hasVaryingBounds = false;
+        BoundSpan minimum;
+        BoundSpan maximum;
+    };
+
     void retranslate();
     QWidget* createSourceRow();
+    void setUpTable();
     QWidget* createConditionPart();
     void chooseFile();
     void addFile(const QString& file);
@@ -47,37 +65,50 @@ private:
     /// Forgets the run and what is shown of it.
     void reset();
 
-    std::optional<ModuleConfiguration> readConfiguration();
-    bool begin(const ModuleConfiguration& configuration);
+    bool begin();
+    std::unique_ptr<SampleRun> openRun(QString* error) const;
     /// Judges at most so many rows, and for no longer than a screen may stand still; whether there may be
     /// more.
     bool judgeRows(qint64 limit);
     void judgeChunk();
+    void followModule();
+    void chooseResultModel();
+    void copyRows();
+    void exportResults();
     void showTotals();
     void showCondition();
+    void showChosenRow();
     void showProblem(const QString& text);
     void updateButtons();
 
-    const CoreSession& m_session;
-    unsigned int m_moduleId = 0;
+    const CurrentModule& m_module;
+    /// The module that was run.
+    unsigned int m_runId = 0;
     std::unique_ptr<SampleRun> m_run;
-    /// By what the run judges, to tell a change.
-    QByteArray m_judgedBy;
+    ModuleConfiguration m_judgedBy;
+    std::vector<ConditionValues> m_values;
     bool m_isAtEnd = false;
+    bool m_isOutdated = false;
     QTimer m_timer;
+    QElapsedTimer m_sinceShown;
     ResultModel m_results;
+    ResultModel m_notOk;
 
     QComboBox* m_source;
     QPushButton* m_browse;
-    QPushButton* m_once;
-    QPushButton* m_step;
-    QPushButton* m_all;
+    QAction* m_once;
+    QAction* m_step;
+    QAction* m_all;
     QPushButton* m_cancel;
+    QPushButton* m_export;
     QProgressBar* m_progress;
     QLabel* m_totals;
     QLabel* m_problem;
+    QCheckBox* m_onlyNotOk;
     QTableView* m_table;
+    QAction* m_copy;
     QComboBox* m_condition;
     QLabel* m_conditionTotals;
     HistogramView* m_histogram;
+    QLabel* m_statistics;
 };

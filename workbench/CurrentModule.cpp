@@ -1,0 +1,34 @@
+#include "CurrentModule.h"
+
+#include "CoreSession.h"
+#include "inspector/ShownConditions.h"
+
+CurrentModule::CurrentModule(CoreSession& session, QObject* parent)
+    : QObject(parent)
+    , m_session(session)
+{
+    m_refresh.setSingleShot(true);
+    m_refresh.setInterval(0);
+    connect(&m_refresh, &QTimer::timeout, this, &CurrentModule::refresh);
+    connect(&session.tap(), &CommandTap::executed, this, [this] { m_refresh.start(); });
+}
+
+void CurrentModule::set(unsigned int id, QWidget* panel)
+{
+    m_id = id;
+    m_panel = panel;
+    refresh();
+}
+
+void CurrentModule::refresh()
+{
+    m_refresh.stop();
+    m_error.clear();
+    m_configuration = m_session.core().configuration(m_id, &m_error);
+    emit changed();
+}
+
+std::optional<QList<ConditionRecord>> CurrentModule::shown() const
+{
+    return m_panel && m_panel->isVisible() ? std::optional(ShownConditions::read(*m_panel)) : std::nullopt;
+}
