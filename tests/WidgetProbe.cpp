@@ -1,53 +1,38 @@
-#include <QAbstractSpinBox>
 #include <QApplication>
 #include <QGenericPlugin>
-#include <QLabel>
+#include <QJsonArray>
+#include <QJsonDocument>
 #include <QLineEdit>
 #include <QLocalServer>
 #include <QLocalSocket>
-#include <QMessageBox>
 
 #include <algorithm>
+#include <tuple>
 
 namespace {
 
-QString textOf(const QWidget* widget)
-{
-    if (const auto* const box = qobject_cast<const QMessageBox*>(widget)) {
-        return box->text();
-    }
-    if (const auto* const label = qobject_cast<const QLabel*>(widget)) {
-        return label->text();
-    }
-    const auto* edit = qobject_cast<const QLineEdit*>(widget);
-    edit = edit ? edit : widget->findChild<QLineEdit*>();
-    return edit ? edit->text() : QString();
-}
-
-// Every visible widget of an object or class name, as a line each: "x y width height text", from the top.
+// Every visible widget of an object or class name from the top: [[x, y, width, height, text], ...].
 QByteArray answerTo(const QString& name)
 {
-    QVector<QPair<QRect, QString>> found;
-    for (const QWidget* const widget : QApplication::allWidgets()) {
-        if (widget->isVisible() &&
-            (widget->objectName() == name || QLatin1String(widget->metaObject()->className()) == name)) {
-            found << qMakePair(QRect(widget->mapToGlobal(QPoint()), widget->size()), textOf(widget));
-        }
-    }
-    std::stable_sort(found.begin(), found.end(), [](const auto& first, const auto& second) {
-        return std::make_pair(first.first.y(), first.first.x()) <
-               std::make_pair(second.first.y(), second.first.x());
+    QWidgetList found = QApplication::allWidgets();
+    found.erase(std::remove_if(found.begin(), found.end(),
+                               [&](const QWidget* widget) {
+                                   return !widget->isVisible() || (widget->objectName() != name &&
+                                                                   widget->metaObject()->className() != name);
+                               }),
+                found.end());
+    const auto placeOf = [](const QWidget* widget) { return widget->mapToGlobal(QPoint()); };
+    std::stable_sort(found.begin(), found.end(), [&](const QWidget* first, const QWidget* second) {
+        return std::make_tuple(placeOf(first).y(), placeOf(first).x()) <
+               std::make_tuple(placeOf(second).y(), placeOf(second).x());
     });
-    QString lines;
-    for (const auto& [place, text] : qAsConst(found)) {
-        lines += QStringLiteral("%1 %2 %3 %4 %5\n")
-                     .arg(place.x())
-                     .arg(place.y())
-                     .arg(place.width())
-                     .arg(place.height())
-                     .arg(text);
+    QJsonArray answer;
+    for (const QWidget* const widget : qAsConst(found)) {
+        const auto* const edit = widget->findChild<QLineEdit*>();
+        answer << QJsonArray{placeOf(widget).x(), placeOf(widget).y(), widget->width(), widget->height(),
+                             edit ? edit->text() : widget->property("text").toString()};
     }
-    return lines.toUtf8() + "end\n";
+    return QJsonDocument(answer).toJson(QJsonDocument::Compact) + '\n';
 }
 
 } // namespace
@@ -70,9 +55,7 @@ public:
                 }
             });
         });
-        if (!server->listen(serverName)) {
-            qWarning("widget probe: %s", qPrintable(server->errorString()));
-        }
+        server->listen(serverName);
         return server;
     }
 };
