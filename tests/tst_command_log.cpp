@@ -1,5 +1,6 @@
 #include "FakeCore.h"
 #include "FlowModuleModel.h"
+#include "TabSeparated.h"
 #include "commands/CommandLogView.h"
 #include "faults/FaultInjector.h"
 #include "inspector/InspectionTableModel.h"
@@ -205,7 +206,7 @@ void tst_command_log::models()
     inspection.setRows({"Name"}, {{{"int0"}, "remark"}});
     results.begin({"int0"});
     results.append({{1, 2, true, {{}}}});
-    QCOMPARE(results.textOf({results.index(0, 0)}), "Row\tResult\tint0\n1\tOK\t");
+    QCOMPARE(TabSeparated::textOf(results, {results.index(0, 0)}, true), "Row\tResult\tint0\n1\tOK\t");
     commands.append(QVector<CommandEntry>(2));
     inspection.setRows({"Name"}, {});
     commands.clear();

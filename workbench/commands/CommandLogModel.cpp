@@ -54,15 +54,6 @@ QByteArray CommandLogModel::jsonOf(int row) const
     return QJsonDocument(object).toJson(QJsonDocument::Compact);
 }
 
-QString CommandLogModel::textOf(int row) const
-{
-    QStringList cells;
-    for (int column = 0; column < ColumnCount; ++column) {
-        cells << index(row, column).data().toString();
-    }
-    return cells.join(QLatin1Char('\t'));
-}
-
 int CommandLogModel::rowCount(const QModelIndex& parent) const
 {
     return parent.isValid() ? 0 : static_cast<int>(m_entries.size());

@@ -24,8 +24,6 @@ public:
 
     /// A row as one line of JSON, without a line end.
     QByteArray jsonOf(int row) const;
-    /// A row as text, its cells separated by tabs.
-    QString textOf(int row) const;
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;

@@ -1,5 +1,7 @@
 #include "commands/CommandLogView.h"
 
+#include "TabSeparated.h"
+
 #include <QClipboard>
 #include <QEvent>
 #include <QFileDialog>
@@ -126,11 +128,11 @@ QVector<int> CommandLogView::chosenRows() const
 
 void CommandLogView::copy()
 {
-    QStringList lines;
+    QModelIndexList rows;
     for (const int row : chosenRows()) {
-        lines << m_model.textOf(row);
+        rows << m_model.index(row, 0);
     }
-    QGuiApplication::clipboard()->setText(lines.join(QLatin1Char('\n')));
+    QGuiApplication::clipboard()->setText(TabSeparated::textOf(m_model, rows, false));
 }
 
 void CommandLogView::save()

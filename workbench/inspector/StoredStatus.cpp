@@ -65,7 +65,10 @@ void StoredStatus::refresh()
     }
     lines.removeDuplicates();
     setToolTip(lines.join(QLatin1Char('\n')));
-    setStyleSheet(lines.isEmpty() ? QString() : QStringLiteral("color: #b02020"));
+    const QString style = lines.isEmpty() ? QString() : QStringLiteral("color: #b02020");
+    if (styleSheet() != style) {
+        setStyleSheet(style);
+    }
     if (lines.isEmpty()) {
         setText(m_module.panel()
                     ? tr("All is stored. Add with +, choose input and bounds, press F9 to judge all rows.")

@@ -40,23 +40,6 @@ void ResultModel::append(const QVector<Row>& rows)
     endInsertRows();
 }
 
-QString ResultModel::textOf(const QModelIndexList& rows) const
-{
-    QStringList lines;
-    const auto addLine = [&](const auto& cellOf) {
-        QStringList cells;
-        for (int column = 0; column < columnCount(); ++column) {
-            cells << cellOf(column).toString().simplified();
-        }
-        lines << cells.join(QLatin1Char('\t'));
-    };
-    addLine([this](int column) { return headerData(column, Qt::Horizontal, Qt::DisplayRole); });
-    for (const QModelIndex& row : rows) {
-        addLine([&row](int column) { return row.siblingAtColumn(column).data(); });
-    }
-    return lines.join(QLatin1Char('\n'));
-}
-
 int ResultModel::rowCount(const QModelIndex& parent) const
 {
     return parent.isValid() ? 0 : m_rows.size();

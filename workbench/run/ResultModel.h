@@ -32,8 +32,6 @@ public:
     /// At most as many rows as there is room for, each with a result for each condition.
     void append(const QVector<Row>& rows);
     const Row& row(int index) const { return m_rows.at(index); }
-    /// Rows as lines of cells separated by tabs, below the titles.
-    QString textOf(const QModelIndexList& rows) const;
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;

@@ -2,6 +2,7 @@
 
 #include "CoreSession.h"
 #include "CurrentModule.h"
+#include "TabSeparated.h"
 #include "WorkbenchApplication.h"
 #include "condition/ConditionName.h"
 #include "inspector/ModuleInspection.h"
@@ -60,8 +61,8 @@ QStringList titlesOf(const QVector<Judgement::Condition>& conditions,
     for (const Judgement::Condition& condition : conditions) {
         const ModuleBinding* const input =
             configuration.binding(ZelCore::SUBSCRIBE_TYPE_IO, ConditionName::inputIo(condition.name));
-        titles << QStringLiteral("%1  %2\n%3")
-                      .arg(condition.name, condition.note, input ? input->source : QString());
+        titles << QStringLiteral("%1  %2").arg(condition.name, condition.note).trimmed() + QLatin1Char('\n') +
+                      (input ? input->source : QString());
     }
     return titles;
 }
@@ -225,8 +226,7 @@ void RunDock::copyRows()
 {
     QModelIndexList rows = m_table->selectionModel()->selectedRows();
     std::sort(rows.begin(), rows.end());
-    const auto* const model = static_cast<const ResultModel*>(m_table->model());
-    QGuiApplication::clipboard()->setText(model->textOf(rows));
+    QGuiApplication::clipboard()->setText(TabSeparated::textOf(*m_table->model(), rows, true));
 }
 
 void RunDock::showChosenRow()
@@ -314,14 +314,13 @@ void RunDock::reset()
 {
     m_timer.stop();
     m_run.reset();
-    m_isOutdated = false;
     m_isAtEnd = false;
     m_results.begin({});
     m_notOk.begin({});
     m_condition->clear();
     m_progress->setValue(0);
     showProblem(QString());
-    showTotals();
+    setOutdated(false);
     updateButtons();
 }
 
@@ -438,10 +437,17 @@ void RunDock::followModule()
     const auto& now = m_module.configuration();
     const bool isOutdated = m_run && !(now && ModuleInspection::judgeAlike(m_judgedBy, *now));
     if (isOutdated != m_isOutdated) {
-        m_isOutdated = isOutdated;
-        showTotals();
-        showChosenRow();
+        setOutdated(isOutdated);
     }
+}
+
+void RunDock::setOutdated(bool isOutdated)
+{
+    m_isOutdated = isOutdated;
+    m_totals->setStyleSheet(isOutdated ? QStringLiteral("color: #b02020") : QString());
+    m_table->setStyleSheet(isOutdated ? QStringLiteral("QTableView { background: #e4e4e4 }") : QString());
+    showTotals();
+    showChosenRow();
 }
 
 void RunDock::exportResults()
@@ -488,8 +494,8 @@ void RunDock::showTotals()
     if (m_run && m_run->conditions().isEmpty()) {
         parts = QStringList(tr("%1 rows, no conditions").arg(m_run->rows()));
     }
-    const auto* const shown = static_cast<const ResultModel*>(m_table->model());
-    if (m_run && shown && shown->room() == 0) {
+    const qint64 wanted = !m_run ? 0 : m_run->rows() - (m_onlyNotOk->isChecked() ? m_run->okRows() : 0);
+    if (wanted > ResultModel::capacity) {
         parts << tr("the table shows the first %1").arg(ResultModel::capacity);
     }
     if (m_isAtEnd && m_run) {
@@ -499,8 +505,6 @@ void RunDock::showTotals()
         parts << tr("outdated: the conditions have changed");
     }
     m_totals->setText(parts.join(QStringLiteral("; ")));
-    m_totals->setStyleSheet(m_isOutdated ? QStringLiteral("color: #b02020") : QString());
-    m_table->setStyleSheet(m_isOutdated ? QStringLiteral("QTableView { background: #e4e4e4 }") : QString());
     showCondition();
 }
 

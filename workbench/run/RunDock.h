@@ -72,6 +72,7 @@ private:
     bool judgeRows(qint64 limit);
     void judgeChunk();
     void followModule();
+    void setOutdated(bool isOutdated);
     void chooseResultModel();
     void copyRows();
     void exportResults();
