@@ -1,3 +1,4 @@
+#include "ConditionsFile.h"
 #include "CoreSession.h"
 #include "HostApplication.h"
 #include "PanelFixture.h"
@@ -6,9 +7,15 @@
 #include "inspector/InspectorView.h"
 #include "inspector/ShownConditions.h"
 #include "inspector/StoredStatus.h"
+#include "run/RunDock.h"
 
+#include <QAction>
+#include <QCheckBox>
 #include <QPlainTextEdit>
+#include <QTableView>
 #include <QTemporaryDir>
+
+#include <sys/stat.h>
 
 using namespace ZelCore;
 
@@ -90,6 +97,8 @@ private slots:
     void refusedSaves_data();
     void refusedSaves();
     void undo();
+    void run();
+    void percentiles();
 };
 
 void tst_inspection::states_data()
@@ -225,13 +234,15 @@ void tst_inspection::undo()
     Fixture f;
     f.press("btn_add");
     f.press("m_btnMaxSwitch");
-    for (const auto& [type, key] :
-         {std::pair(SUBSCRIBE_TYPE_IO, "%int0%"), {SUBSCRIBE_TYPE_RUNPARAM, "%int0%End"}}) {
-        SetFilterSourceCommand bind({7, type, key}, "5.ObjectCount");
-        QCOMPARE(f.session.tap().Execute(bind).Status, Success);
-    }
+    const auto bind = [&f](ENUM_IO_SUBSCRIBE_TYPE_ type, const char* key, const char* source) {
+        SetFilterSourceCommand command({7, type, key}, source);
+        QCOMPARE(f.session.tap().Execute(command).Status, Success);
+    };
+    bind(SUBSCRIBE_TYPE_IO, "%int0%", "5.ObjectCount");
+    bind(SUBSCRIBE_TYPE_RUNPARAM, "%int0%End", "5.ObjectCount");
     QString error;
-    QVector<ModuleConfiguration> before;
+    QVector<ModuleConfiguration> before = {f.configuration()};
+    bind(SUBSCRIBE_TYPE_IO, "%int0%", "5.ObjectNumber");
     for (const char* const button :
          {"m_btnMinSwitch", "btn_add", "m_btnMaxSwitch", "m_btnDelete", "btn_add"}) {
         before << f.configuration();
@@ -243,6 +254,51 @@ void tst_inspection::undo()
         f.panel->show();
         QVERIFY(ModuleInspection::judgeAlike(f.configuration(), before.takeLast()));
         QVERIFY2(f.text().startsWith("All is stored"), qPrintable(f.text()));
+    }
+    QCOMPARE(f.configuration().binding(SUBSCRIBE_TYPE_IO, "%int0%")->source, "5.ObjectCount");
+}
+
+void tst_inspection::run()
+{
+    Fixture f;
+    RunDock dock(f.module);
+    const auto textOf = [&dock](const char* label) { return dock.findChild<QLabel*>(label)->text(); };
+    dock.runActions().last()->trigger();
+    QTRY_VERIFY(textOf("runTotals").startsWith("569 rows, no conditions"));
+
+    QString error;
+    QVERIFY2(ConditionsFile::import(QStringLiteral(SAMPLE_CONDITIONS), f.session.core(), 7, &error),
+             qPrintable(error));
+    f.module.refresh();
+    QVERIFY(textOf("runTotals").contains("outdated"));
+    dock.runActions().last()->trigger();
+    QTRY_VERIFY(textOf("runTotals").contains("322 OK, 247 not OK") &&
+                textOf("runTotals").contains("no further rows"));
+    dock.findChild<QCheckBox*>("onlyNotOk")->click();
+    const auto* const rows = dock.findChild<QTableView*>("resultTable")->model();
+    QCOMPARE(rows->rowCount(), 247);
+    QCOMPARE(rows->headerData(2, Qt::Horizontal).toString(), "float0  radius\n5.Mean.Radius");
+    QCOMPARE(rows->index(4, 0).data().toInt(), 5);
+    QCOMPARE(textOf("statistics"), "minimum 6.981, 1 % 8.571, median 13.37, 99 % 24.25, maximum 28.11");
+
+    // A pipe without a writer must not stop the window.
+    const QString pipe = f.folder.filePath("pipe.csv");
+    QCOMPARE(mkfifo(pipe.toLocal8Bit(), 0600), 0);
+    auto* const source = dock.findChild<QComboBox*>("sourceBox");
+    source->addItem("pipe.csv", pipe);
+    source->setCurrentIndex(source->count() - 1);
+    dock.runActions().last()->trigger();
+    QCOMPARE(textOf("runProblem"), pipe + " is not a regular file.");
+}
+
+void tst_inspection::percentiles()
+{
+    ValueSample values;
+    for (int i = 0; i < 1000000; ++i) {
+        values.add(double(i));
+    }
+    for (const double part : {0.01, 0.5, 0.99}) {
+        QVERIFY(std::abs(values.quantile(part) / 1e6 - part) < 0.005);
     }
 }
 
