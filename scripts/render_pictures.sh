@@ -46,7 +46,7 @@ sleep 2
 import -window root "$3"
 # The other two docks lie behind these, as tabs. The next command fails, and so does the mode of the panel.
 xdotool mousemove 100 848 click 1
-xdotool mousemove 1040 530 click 1
+xdotool mousemove 989 534 click 1
 sleep 1
 xdotool mousemove 1180 282 click 1
 xdotool mousemove 390 142 click 1 sleep 1 key Down key Return
