@@ -2,6 +2,25 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="zh_CN" sourcelanguage="en">
 <context>
+    <name>BindingSources</name>
+    <message>
+        <source>module %1 has no input %2</source>
+        <translation>模块 %1 没有输入 %2</translation>
+    </message>
+    <message>
+        <source>the flow has no value %1</source>
+        <translation>流程没有数值 %1</translation>
+    </message>
+    <message>
+        <source>%1 does not come before module %2</source>
+        <translation>%1 不在模块 %2 之前</translation>
+    </message>
+    <message>
+        <source>%1 has type %2, not %3</source>
+        <translation>%1 的类型是 %2，不是 %3</translation>
+    </message>
+</context>
+<context>
     <name>CommandLogModel</name>
     <message>
         <source>No.</source>
@@ -92,6 +111,69 @@
     </message>
 </context>
 <context>
+    <name>ConditionsFile</name>
+    <message>
+        <source>expected an object</source>
+        <translation>应为一个对象</translation>
+    </message>
+    <message>
+        <source>unknown key &quot;%1&quot;</source>
+        <translation>未知的键“%1”</translation>
+    </message>
+    <message>
+        <source>expected a text</source>
+        <translation>应为文本</translation>
+    </message>
+    <message>
+        <source>expected a number from -%1 to %1</source>
+        <translation>应为 -%1 到 %1 之间的数</translation>
+    </message>
+    <message>
+        <source>at most three decimals can be stored</source>
+        <translation>最多可存储三位小数</translation>
+    </message>
+    <message>
+        <source>expected a whole number</source>
+        <translation>应为整数</translation>
+    </message>
+    <message>
+        <source>expected &quot;int&quot; or &quot;float&quot; and a number</source>
+        <translation>应为“int”或“float”加一个编号</translation>
+    </message>
+    <message>
+        <source>a note can&apos;t hold &apos;:&apos;, &apos;;&apos; or control characters</source>
+        <translation>备注不能包含“:”、“;”或控制字符</translation>
+    </message>
+    <message>
+        <source>byte %1</source>
+        <translation>第 %1 字节</translation>
+    </message>
+    <message>
+        <source>the file</source>
+        <translation>文件</translation>
+    </message>
+    <message>
+        <source>expected %1</source>
+        <translation>应为 %1</translation>
+    </message>
+    <message>
+        <source>expected &quot;all&quot; or &quot;any&quot;</source>
+        <translation>应为“all”或“any”</translation>
+    </message>
+    <message>
+        <source>expected a list</source>
+        <translation>应为列表</translation>
+    </message>
+    <message>
+        <source>%1 is there twice</source>
+        <translation>%1 出现了两次</translation>
+    </message>
+    <message>
+        <source>%1; what was changed before can&apos;t be undone: %2</source>
+        <translation>%1；此前的更改无法撤销：%2</translation>
+    </message>
+</context>
+<context>
     <name>CsvReader</name>
     <message>
         <source>%1: %2</source>
@@ -128,6 +210,26 @@
     <message>
         <source>the row is too long; perhaps a quote is not closed</source>
         <translation>该行过长，可能引号未闭合</translation>
+    </message>
+    <message>
+        <source>the text is UTF-16 or no text; it has to be UTF-8</source>
+        <translation>内容是 UTF-16 或不是文本；必须是 UTF-8</translation>
+    </message>
+    <message>
+        <source>there is no column %1; found one column &apos;%2&apos;: separated by &apos;%3&apos;?</source>
+        <translation>没有列 %1；只找到一列“%2”：是否以“%3”分隔？</translation>
+    </message>
+    <message>
+        <source>there is no column %1; found one column &apos;%2&apos;</source>
+        <translation>没有列 %1；只找到一列“%2”</translation>
+    </message>
+    <message>
+        <source>the header differs from that of %1</source>
+        <translation>表头与 %1 的不同</translation>
+    </message>
+    <message>
+        <source>standard input</source>
+        <translation>标准输入</translation>
     </message>
 </context>
 <context>
@@ -179,22 +281,6 @@
     <message>
         <source>%1 is neither an IO nor a run parameter</source>
         <translation>%1 既不是 IO 也不是运行参数</translation>
-    </message>
-    <message>
-        <source>module %1 has no input %2</source>
-        <translation>模块 %1 没有输入 %2</translation>
-    </message>
-    <message>
-        <source>the flow has no value %1</source>
-        <translation>流程没有数值 %1</translation>
-    </message>
-    <message>
-        <source>%1 does not come before module %2</source>
-        <translation>%1 不在模块 %2 之前</translation>
-    </message>
-    <message>
-        <source>%1 has type %2, not %3</source>
-        <translation>%1 的类型是 %2，不是 %3</translation>
     </message>
 </context>
 <context>
@@ -341,12 +427,20 @@
         <source>%1: %2</source>
         <translation>%1：%2</translation>
     </message>
+    <message>
+        <source>%1: unknown key &quot;%2&quot;, expected %3</source>
+        <translation>%1：未知的键“%2”，应为 %3</translation>
+    </message>
 </context>
 <context>
     <name>Headless</name>
     <message>
         <source>Standard output can&apos;t be written: %1</source>
         <translation>无法写入标准输出：%1</translation>
+    </message>
+    <message>
+        <source>%1 rows</source>
+        <translation>%1 行</translation>
     </message>
 </context>
 <context>
@@ -362,6 +456,10 @@
     <message>
         <source>range %1 to %2</source>
         <translation>范围 %1 到 %2</translation>
+    </message>
+    <message>
+        <source>varies %1 to %2</source>
+        <translation>在 %1 到 %2 之间变化</translation>
     </message>
 </context>
 <context>
@@ -497,10 +595,6 @@
         <translation>检查器</translation>
     </message>
     <message>
-        <source>This module has no panel here.</source>
-        <translation>该模块在此没有面板。</translation>
-    </message>
-    <message>
         <source>Open flow</source>
         <translation>打开流程</translation>
     </message>
@@ -527,6 +621,38 @@
     <message>
         <source>Faults are armed</source>
         <translation>故障已启用</translation>
+    </message>
+    <message>
+        <source>Conditions (*.json)</source>
+        <translation>条件 (*.json)</translation>
+    </message>
+    <message>
+        <source>&amp;Import conditions...</source>
+        <translation>导入条件(&amp;I)...</translation>
+    </message>
+    <message>
+        <source>&amp;Export conditions...</source>
+        <translation>导出条件(&amp;E)...</translation>
+    </message>
+    <message>
+        <source>&amp;Edit</source>
+        <translation>编辑(&amp;E)</translation>
+    </message>
+    <message>
+        <source>&amp;Undo</source>
+        <translation>撤销(&amp;U)</translation>
+    </message>
+    <message>
+        <source>&amp;Run</source>
+        <translation>运行(&amp;R)</translation>
+    </message>
+    <message>
+        <source>Import conditions</source>
+        <translation>导入条件</translation>
+    </message>
+    <message>
+        <source>Export conditions</source>
+        <translation>导出条件</translation>
     </message>
 </context>
 <context>
@@ -558,14 +684,6 @@
     <message>
         <source>stored</source>
         <translation>已存储</translation>
-    </message>
-    <message>
-        <source>not shown</source>
-        <translation>未显示</translation>
-    </message>
-    <message>
-        <source>shown otherwise: %1</source>
-        <translation>显示为：%1</translation>
     </message>
     <message>
         <source>cut by the length rule</source>
@@ -623,6 +741,58 @@
         <source>UI data</source>
         <translation>界面数据</translation>
     </message>
+    <message>
+        <source>stored minimum is %1, shown %2</source>
+        <translation>存储的最小值为 %1，显示的为 %2</translation>
+    </message>
+    <message>
+        <source>stored maximum is %1, shown %2</source>
+        <translation>存储的最大值为 %1，显示的为 %2</translation>
+    </message>
+    <message>
+        <source>stored note is &quot;%1&quot;, shown &quot;%2&quot;</source>
+        <translation>存储的备注为“%1”，显示的为“%2”</translation>
+    </message>
+    <message>
+        <source>Input</source>
+        <translation>输入</translation>
+    </message>
+    <message>
+        <source>Result</source>
+        <translation>结果</translation>
+    </message>
+    <message>
+        <source>stored, but not shown</source>
+        <translation>已存储，但未显示</translation>
+    </message>
+    <message>
+        <source>in</source>
+        <translation>符合</translation>
+    </message>
+    <message>
+        <source>out</source>
+        <translation>不符合</translation>
+    </message>
+    <message>
+        <source>%1 is not shown, but still stored</source>
+        <translation>%1 未显示，但仍在存储中</translation>
+    </message>
+    <message>
+        <source>%1 is not stored</source>
+        <translation>%1 未存储</translation>
+    </message>
+    <message>
+        <source>%1 is not stored: %2</source>
+        <translation>%1 未存储：%2</translation>
+    </message>
+    <message>
+        <source>Output</source>
+        <translation>输出</translation>
+    </message>
+    <message>
+        <source>CSV column</source>
+        <translation>CSV 列</translation>
+    </message>
 </context>
 <context>
     <name>PanelPlugin</name>
@@ -646,12 +816,16 @@
         <translation>不合格</translation>
     </message>
     <message>
-        <source>Line</source>
-        <translation>行</translation>
-    </message>
-    <message>
         <source>Result</source>
         <translation>结果</translation>
+    </message>
+    <message>
+        <source>line %1 of the file</source>
+        <translation>文件第 %1 行</translation>
+    </message>
+    <message>
+        <source>Row</source>
+        <translation>行</translation>
     </message>
 </context>
 <context>
@@ -693,28 +867,8 @@
         <translation>尚未判断</translation>
     </message>
     <message>
-        <source>; the table shows the first %1</source>
-        <translation>；表格只显示前 %1 行</translation>
-    </message>
-    <message>
-        <source>; no further rows</source>
-        <translation>；没有更多行</translation>
-    </message>
-    <message>
         <source>Open CSV…</source>
         <translation>打开 CSV…</translation>
-    </message>
-    <message>
-        <source>Run once</source>
-        <translation>运行一次</translation>
-    </message>
-    <message>
-        <source>Step</source>
-        <translation>单步</translation>
-    </message>
-    <message>
-        <source>Run all</source>
-        <translation>全部运行</translation>
     </message>
     <message>
         <source>Cancel</source>
@@ -731,6 +885,86 @@
     <message>
         <source>Judges all rows from the first (F9).</source>
         <translation>从第一行起判断所有行（F9）。</translation>
+    </message>
+    <message>
+        <source>Judge first row</source>
+        <translation>判断第一行</translation>
+    </message>
+    <message>
+        <source>Judge next row</source>
+        <translation>判断下一行</translation>
+    </message>
+    <message>
+        <source>Judge all rows</source>
+        <translation>判断所有行</translation>
+    </message>
+    <message>
+        <source>Export results…</source>
+        <translation>导出结果…</translation>
+    </message>
+    <message>
+        <source>Only not OK</source>
+        <translation>仅不合格</translation>
+    </message>
+    <message>
+        <source>Copy rows</source>
+        <translation>复制行</translation>
+    </message>
+    <message>
+        <source>Judges all rows and writes the results to a CSV file.</source>
+        <translation>判断所有行并将结果写入 CSV 文件。</translation>
+    </message>
+    <message>
+        <source>Export results</source>
+        <translation>导出结果</translation>
+    </message>
+    <message>
+        <source>Comma-separated values (*.csv)</source>
+        <translation>逗号分隔值 (*.csv)</translation>
+    </message>
+    <message>
+        <source>Exporting results…</source>
+        <translation>正在导出结果…</translation>
+    </message>
+    <message>
+        <source>The file %1 can&apos;t be written: %2</source>
+        <translation>无法写入文件 %1：%2</translation>
+    </message>
+    <message>
+        <source>%1 rows, no conditions</source>
+        <translation>%1 行，没有条件</translation>
+    </message>
+    <message>
+        <source>the table shows the first %1</source>
+        <translation>表格显示前 %1 行</translation>
+    </message>
+    <message>
+        <source>no further rows</source>
+        <translation>没有更多行</translation>
+    </message>
+    <message>
+        <source>outdated: the conditions have changed</source>
+        <translation>已过时：条件已更改</translation>
+    </message>
+    <message>
+        <source>minimum</source>
+        <translation>最小值</translation>
+    </message>
+    <message>
+        <source>1 %</source>
+        <translation>1 %</translation>
+    </message>
+    <message>
+        <source>median</source>
+        <translation>中位数</translation>
+    </message>
+    <message>
+        <source>99 %</source>
+        <translation>99 %</translation>
+    </message>
+    <message>
+        <source>maximum</source>
+        <translation>最大值</translation>
     </message>
 </context>
 <context>
@@ -758,18 +992,6 @@
 <context>
     <name>Store</name>
     <message>
-        <source>the store %1 is not a file</source>
-        <translation>存储 %1 不是文件</translation>
-    </message>
-    <message>
-        <source>the folder of the store %1, or its lock file there, can&apos;t be written: %2</source>
-        <translation>存储 %1 所在文件夹或其锁文件无法写入：%2</translation>
-    </message>
-    <message>
-        <source>the store %1 is in use by another program</source>
-        <translation>存储 %1 正被其他程序使用</translation>
-    </message>
-    <message>
         <source>the store %1 can&apos;t be opened: %2</source>
         <translation>无法打开存储 %1：%2</translation>
     </message>
@@ -789,6 +1011,84 @@
         <source>the store %1 failed: %2</source>
         <translation>存储 %1 出错：%2</translation>
     </message>
+    <message>
+        <source>the store %1 has another table, index, view or trigger than this program makes: %2</source>
+        <translation>存储 %1 含有并非本程序创建的表、索引、视图或触发器：%2</translation>
+    </message>
+    <message>
+        <source>the store %1 lacks a table: %2</source>
+        <translation>存储 %1 缺少一个表：%2</translation>
+    </message>
+    <message>
+        <source>module %1 is too large: it has more than %2 entries of a kind</source>
+        <translation>模块 %1 过大：同类条目超过 %2 个</translation>
+    </message>
+    <message>
+        <source>%1 of module %2 is too large: it has %3 bytes of at most %4</source>
+        <translation>模块 %2 的 %1 过大：%3 字节，最多 %4 字节</translation>
+    </message>
+    <message>
+        <source>the store %1 was moved, deleted or replaced: put it back, or open the flow again</source>
+        <translation>存储 %1 已被移动、删除或替换：请将其放回原处，或重新打开流程</translation>
+    </message>
+    <message>
+        <source>the store %1 did not take the change</source>
+        <translation>存储 %1 未接受该更改</translation>
+    </message>
+    <message>
+        <source>the store %1 is locked by another program</source>
+        <translation>存储 %1 已被其他程序锁定</translation>
+    </message>
+</context>
+<context>
+    <name>StoreFile</name>
+    <message>
+        <source>a store must be the path to a file, not &quot;%1&quot;</source>
+        <translation>存储必须是文件路径，而不是“%1”</translation>
+    </message>
+    <message>
+        <source>no such store: %1</source>
+        <translation>没有此存储：%1</translation>
+    </message>
+    <message>
+        <source>the store %1 is not a file</source>
+        <translation>存储 %1 不是文件</translation>
+    </message>
+    <message>
+        <source>the store %1 can&apos;t be opened: %2</source>
+        <translation>无法打开存储 %1：%2</translation>
+    </message>
+    <message>
+        <source>the store %1 is in use by another program</source>
+        <translation>存储 %1 正被其他程序使用</translation>
+    </message>
+    <message>
+        <source>the folder of the store %1 can&apos;t be written: %2</source>
+        <translation>无法写入存储 %1 所在的文件夹：%2</translation>
+    </message>
+    <message>
+        <source>the store %1 has another name, a hard link, under which it is in use or was not closed</source>
+        <translation>存储 %1 还有另一个名称（硬链接），正以该名称使用或未曾正常关闭</translation>
+    </message>
+</context>
+<context>
+    <name>StoredStatus</name>
+    <message>
+        <source>%1 is not stored: %2</source>
+        <translation>%1 未存储：%2</translation>
+    </message>
+    <message>
+        <source>not loaded: %1</source>
+        <translation>未加载：%1</translation>
+    </message>
+    <message>
+        <source>not stored: %1</source>
+        <translation>未存储：%1</translation>
+    </message>
+    <message>
+        <source>All is stored. Add with +, choose input and bounds, press F9 to judge all rows.</source>
+        <translation>全部已存储。用 + 添加，选择输入和上下限，按 F9 判断所有行。</translation>
+    </message>
 </context>
 <context>
     <name>WorkbenchApplication</name>
@@ -800,13 +1100,13 @@
 
 %1</translation>
     </message>
+    <message>
+        <source>%1 is not a regular file.</source>
+        <translation>%1 不是普通文件。</translation>
+    </message>
 </context>
 <context>
     <name>WorkbenchOptions</name>
-    <message>
-        <source>Shows an inspection flow and the configuration panels of its If modules.</source>
-        <translation>显示检测流程及其 If 模块的配置面板。</translation>
-    </message>
     <message>
         <source>Inspection flow to open, a JSON file.</source>
         <translation>要打开的检测流程（JSON 文件）。</translation>
@@ -814,10 +1114,6 @@
     <message>
         <source>file</source>
         <translation>文件</translation>
-    </message>
-    <message>
-        <source>Store of the modules&apos; parameters, made when it is missing.</source>
-        <translation>模块参数的存储，不存在时新建。</translation>
     </message>
     <message>
         <source>id</source>
@@ -852,22 +1148,6 @@
         <translation>“%1”不是模块编号。</translation>
     </message>
     <message>
-        <source>Module to show first, to run or to dump.</source>
-        <translation>首先显示、运行或导出的模块。</translation>
-    </message>
-    <message>
-        <source>Judge the rows of a CSV file, print the results as CSV and end; needs no display.</source>
-        <translation>判断 CSV 文件的各行，以 CSV 打印结果后结束，无需显示器。</translation>
-    </message>
-    <message>
-        <source>file.csv</source>
-        <translation>文件.csv</translation>
-    </message>
-    <message>
-        <source>Print all that the store holds for the module as JSON and end; needs no display.</source>
-        <translation>以 JSON 打印存储中该模块的全部内容后结束，无需显示器。</translation>
-    </message>
-    <message>
         <source>Arm a fault, such as kind=SetBinaryData,parameter=IFText,when=next,answer=Failed,message=full. May be given again.</source>
         <translation>启用故障，例如 kind=SetBinaryData,parameter=IFText,when=next,answer=Failed,message=full。可重复给出。</translation>
     </message>
@@ -876,16 +1156,104 @@
         <translation>故障</translation>
     </message>
     <message>
-        <source>--run, --dump and --screenshot exclude each other.</source>
-        <translation>--run、--dump 和 --screenshot 不能同时使用。</translation>
-    </message>
-    <message>
-        <source>--run needs the name of a file.</source>
-        <translation>--run 需要文件名。</translation>
-    </message>
-    <message>
         <source>The flow %1 has no module %2.</source>
         <translation>流程 %1 没有模块 %2。</translation>
+    </message>
+    <message>
+        <source>Shows an inspection flow and the configuration panels of its If modules. With --run, --dump, --sql, --export or --import it works without a display.
+
+Exit codes: 0 done, 1 failed, 2 wrong usage, 3 some rows are not OK (with --fail-on-not-ok).</source>
+        <translation>显示检测流程及其 If 模块的配置面板。使用 --run、--dump、--sql、--export 或 --import 时无需显示器。
+
+退出码：0 完成，1 失败，2 用法错误，3 有不合格的行（使用 --fail-on-not-ok 时）。</translation>
+    </message>
+    <message>
+        <source>Store of the modules&apos; parameters; the window and --import make it when it is missing. By default a file for each flow file in %1.</source>
+        <translation>模块参数的存储；不存在时由窗口和 --import 创建。默认在 %1 中为每个流程文件各建一个。</translation>
+    </message>
+    <message>
+        <source>Module to show first, or to work on without a display.</source>
+        <translation>首先显示的模块，或无显示器时要处理的模块。</translation>
+    </message>
+    <message>
+        <source>Judge the rows of CSV files with the same header, - for standard input, and print the results as CSV.</source>
+        <translation>判定表头相同的 CSV 文件的各行（- 表示标准输入），并以 CSV 输出结果。</translation>
+    </message>
+    <message>
+        <source>file.csv ...</source>
+        <translation>file.csv ...</translation>
+    </message>
+    <message>
+        <source>With --run: print the totals only.</source>
+        <translation>与 --run 一起使用：只输出合计。</translation>
+    </message>
+    <message>
+        <source>With --run: exit code 3 when some rows are not OK.</source>
+        <translation>与 --run 一起使用：有不合格的行时退出码为 3。</translation>
+    </message>
+    <message>
+        <source>Print all that the store holds for the module as JSON.</source>
+        <translation>以 JSON 输出存储中该模块的全部内容。</translation>
+    </message>
+    <message>
+        <source>Print SQL queries that judge a table with the columns of the CSV file.</source>
+        <translation>输出 SQL 查询，用于判定具有 CSV 文件各列的表。</translation>
+    </message>
+    <message>
+        <source>With --sql: the table&apos;s name, samples by default.</source>
+        <translation>与 --sql 一起使用：表名，默认为 samples。</translation>
+    </message>
+    <message>
+        <source>name</source>
+        <translation>名称</translation>
+    </message>
+    <message>
+        <source>Write the module&apos;s conditions to a file, - for standard output.</source>
+        <translation>将模块的条件写入文件，- 表示标准输出。</translation>
+    </message>
+    <message>
+        <source>file.json</source>
+        <translation>file.json</translation>
+    </message>
+    <message>
+        <source>Replace the module&apos;s conditions by those of a file.</source>
+        <translation>用文件中的条件替换模块的条件。</translation>
+    </message>
+    <message>
+        <source>With --run, --dump and --sql: take the conditions from a file instead of the store.</source>
+        <translation>与 --run、--dump 和 --sql 一起使用：从文件而不是存储读取条件。</translation>
+    </message>
+    <message>
+        <source>--%1 and --%2 exclude each other.</source>
+        <translation>--%1 与 --%2 不能同时使用。</translation>
+    </message>
+    <message>
+        <source>--%1 needs --%2.</source>
+        <translation>--%1 需要 --%2。</translation>
+    </message>
+    <message>
+        <source> or --</source>
+        <translation> 或 --</translation>
+    </message>
+    <message>
+        <source>--%1 needs a name.</source>
+        <translation>--%1 需要一个名称。</translation>
+    </message>
+    <message>
+        <source>&apos;%1&apos; does not end in .png.</source>
+        <translation>“%1”不以 .png 结尾。</translation>
+    </message>
+    <message>
+        <source>Module %1 is no If module.</source>
+        <translation>模块 %1 不是 If 模块。</translation>
+    </message>
+    <message>
+        <source>The flow %1 has no If module.</source>
+        <translation>流程 %1 没有 If 模块。</translation>
+    </message>
+    <message>
+        <source>The flow %1 has several If modules; choose one with --module: %2.</source>
+        <translation>流程 %1 有多个 If 模块；请用 --module 选择一个：%2。</translation>
     </message>
 </context>
 <context>
@@ -899,12 +1267,8 @@
         <translation>没有显示器。--screenshot FILE.png 无需显示器即可写入图片。</translation>
     </message>
     <message>
-        <source>Module %1 is no If module.</source>
-        <translation>模块 %1 不是 If 模块。</translation>
-    </message>
-    <message>
-        <source>The flow %1 has no If module.</source>
-        <translation>流程 %1 没有 If 模块。</translation>
+        <source>See if-workbench --help.</source>
+        <translation>参见 if-workbench --help。</translation>
     </message>
 </context>
 </TS>
