@@ -7,7 +7,7 @@ run='g++ cmake ninja-build qtbase5-dev qtdeclarative5-dev qtquickcontrols2-5-dev
      libqt5sql5-sqlite qml-module-qtquick2 qml-module-qtquick-controls2 qml-module-qtquick-templates2
      qml-module-qtquick-window2 qttranslations5-l10n fonts-dejavu-core fonts-wqy-microhei'
 test="$run strace xvfb xauth xdotool openbox"
-bench="$run valgrind"
+bench="$run mawk python3 valgrind"
 check="$bench clang clang-format clang-tidy libclang-rt-14-dev shellcheck"
 # The board's libraries stand beside those of this machine; its compiler and tools run on this machine.
 board='g++-aarch64-linux-gnu qemu-user-static debootstrap dpkg-dev file
