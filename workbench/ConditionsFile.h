@@ -25,8 +25,8 @@ bool write(const QString& file, const ModuleConfiguration& configuration, QStrin
 std::optional<ModuleConfiguration> read(const QString& file, const Flow& flow, ZelCore::UInt moduleId,
                                         QString* error);
 
-/// Gives a module the conditions of the file in place of its own, once the core has checked them in a copy: all
-/// or nothing. Bindings and UI data of other conditions are removed. Panels have to be shown anew.
+/// Gives a module the conditions of the file in place of its own, once the core has checked them in a copy:
+/// all or nothing. Bindings and UI data of other conditions are removed. Panels have to be shown anew.
 bool import(const QString& file, EmbeddedCore& core, ZelCore::UInt moduleId, QString* error);
 
 /// Brings a module to another configuration by the commands of the core, all or nothing. IOs are only added.

@@ -1,5 +1,6 @@
 #include "ConditionsFile.h"
 #include "EmbeddedCore/EmbeddedCore.h"
+#include "EmbeddedCore/FileName.h"
 #include "Headless.h"
 #include "MainWindow.h"
 #include "Screenshot.h"
@@ -10,7 +11,9 @@
 
 #include <QIcon>
 
+#include <algorithm>
 #include <cstdio>
+#include <iterator>
 
 namespace {
 
@@ -136,7 +139,9 @@ int main(int argc, char** argv)
         const Translations translations;
         options.emplace();
         QString error;
-        if (!options->parse(QCoreApplication::arguments(), &error)) {
+        QStringList arguments; // QCoreApplication's own list loses names that are not UTF-8
+        std::transform(argv, argv + argc, std::back_inserter(arguments), FileName::decoded);
+        if (!options->parse(arguments, &error)) {
             return fail(WrongUsage, error);
         }
         if (const auto code = runWithoutWindow(*options)) {
