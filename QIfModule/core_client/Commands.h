@@ -80,11 +80,11 @@ struct SetBinaryDataCommand : Command
     SetBinaryDataCommand(const UInt& moduleID, const char* paramName, const char* data, const UInt& dataLen,
                          const UInt& timeOut)
         : ModuleID(moduleID)
-        , DataLen(dataLen)
         , TimeOut(timeOut)
     {
         FillText(ParamName, CheckedUIDataText(paramName, "paramName"));
         Data = CopyOfData(data, dataLen);
+        DataLen = dataLen;
     }
     ~SetBinaryDataCommand() override { FreeData(Data, DataLen); }
     SetBinaryDataCommand(const SetBinaryDataCommand&) = delete;
@@ -93,7 +93,7 @@ struct SetBinaryDataCommand : Command
 
     UInt ModuleID;
     char ParamName[256];
-    UInt DataLen;
+    UInt DataLen = 0;
     char* Data = nullptr;
     UInt TimeOut;
 };
@@ -104,10 +104,10 @@ struct SetUIDataCommand : Command
     /// Throws ZelException when paramName or data is null.
     SetUIDataCommand(const UInt& moduleID, const char* paramName, const char* data, UInt& dataLen)
         : ModuleID(moduleID)
-        , DataLen(dataLen)
     {
         FillText(ParamName, CheckedUIDataText(paramName, "paramName"));
         Data = CopyOfData(data, dataLen);
+        DataLen = dataLen;
     }
     ~SetUIDataCommand() override { FreeData(Data, DataLen); }
     SetUIDataCommand(const SetUIDataCommand&) = delete;
@@ -116,7 +116,7 @@ struct SetUIDataCommand : Command
 
     UInt ModuleID;
     char ParamName[128];
-    UInt DataLen;
+    UInt DataLen = 0;
     char* Data = nullptr;
 };
 
