@@ -31,7 +31,10 @@ InspectorView::InspectorView(const CurrentModule& module, QWidget* parent)
     auto* const conditions = new QWidget;
     auto* const layout = new QVBoxLayout(conditions);
     layout->setContentsMargins({});
-    layout->addWidget(createTable(m_conditions, QStringLiteral("conditionTable")), 1);
+    QTableView* const conditionTable = createTable(m_conditions, QStringLiteral("conditionTable"));
+    // In a narrow dock the result is visible without scrolling.
+    conditionTable->horizontalHeader()->moveSection(ModuleInspection::resultColumn, 1);
+    layout->addWidget(conditionTable, 1);
     layout->addWidget(m_summary);
     layout->addWidget(m_bytes);
     addTab(conditions, QString());
@@ -49,7 +52,7 @@ void InspectorView::setResults(const QVector<Judgement::Result>& results)
     refresh();
 }
 
-QWidget* InspectorView::createTable(InspectionTableModel& model, const QString& name)
+QTableView* InspectorView::createTable(InspectionTableModel& model, const QString& name)
 {
     auto* const table = new QTableView;
     table->setObjectName(name);

@@ -7,6 +7,7 @@
 
 class QLabel;
 class QPlainTextEdit;
+class QTableView;
 
 /// Shows what the store holds for a module, beside what its panel shows; read anew after every command.
 class InspectorView : public QTabWidget
@@ -22,7 +23,7 @@ public:
     void setResults(const QVector<Judgement::Result>& results);
 
     /// A view of rows, fitted to their texts.
-    static QWidget* createTable(InspectionTableModel& model, const QString& name);
+    static QTableView* createTable(InspectionTableModel& model, const QString& name);
 
 protected:
     void showEvent(QShowEvent* event) override;

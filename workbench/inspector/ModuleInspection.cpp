@@ -146,8 +146,7 @@ ModuleInspection::Rows ModuleInspection::conditions(const ModuleConfiguration& c
                   : hasValue ? tr("out")
                              : result.problem)
               << (remark.isEmpty() ? tr("stored") : remark) << shortened(each.stored->note);
-        constexpr int resultCell = 5;
-        rows << Row{cells, remark, resultCell, isIn ? in : hasValue ? out : noValue};
+        rows << Row{cells, remark, resultColumn, isIn ? in : hasValue ? out : noValue};
     }
     return rows;
 }

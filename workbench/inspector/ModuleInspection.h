@@ -28,6 +28,9 @@ public:
     };
     using Rows = QVector<Row>;
 
+    /// The place of "Result" among the columns of conditions.
+    static constexpr int resultColumn = 5;
+
     static QStringList conditionColumns();
     /// The stored conditions, then those that are shown only. With what the panel shows at hand, rows that
     /// are not stored as they are shown are remarked; so is one that was cut when it was stored. Values and
