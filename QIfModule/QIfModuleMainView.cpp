@@ -230,10 +230,11 @@ void QIfModuleMainView::on_btn_add_clicked()
     if (type != ConditionName::Type::None) {
         qDebug().noquote() << QStringLiteral("on_btn_add_clicked %1 start.").arg(valueType);
         QStringList names;
-        for (const HorizontalControlIM* const row : rows()) {
-            qDebug().noquote() << row->GetLabName();
-            if (row->GetLabName().contains(valueType)) {
-                names << row->GetLabName();
+        const QStringList all = registeredNames();
+        for (const QString& name : all) {
+            qDebug().noquote() << name;
+            if (name.contains(valueType)) {
+                names << name;
             }
         }
         qDebug().noquote() << QStringLiteral("on_btn_add_clicked %1 end.").arg(valueType);
@@ -249,8 +250,9 @@ void QIfModuleMainView::on_btn_add_clicked()
     // In the list before anything can fail: the registry must not refer to a row that nobody owns.
     appendRow(m_qsName, createRow(m_qsName));
     qDebug("m_mapIMHorControls info start.");
-    for (const HorizontalControlIM* const row : rows()) {
-        qDebug().noquote() << row->GetLabName();
+    const QStringList registered = registeredNames();
+    for (const QString& name : registered) {
+        qDebug().noquote() << name;
     }
     qDebug("m_mapIMHorControls info end.");
     layOutList();
@@ -348,9 +350,12 @@ void QIfModuleMainView::layOutList()
 QList<ConditionRecord> QIfModuleMainView::shownConditions() const
 {
     QList<ConditionRecord> conditions;
-    for (const HorizontalControlIM* const row : rows()) {
-        conditions << ConditionRecord{row->GetLabName(), row->GetCurrentMinD(), row->GetCurrentMaxD(),
-                                      row->GetLabNote()};
+    for (const auto& entry : m_mapIMHorControls) {
+        for (auto it = entry.cbegin(); it != entry.cend(); ++it) {
+            const HorizontalControlIM& row = *it.value();
+            conditions << ConditionRecord{it.key(), row.GetCurrentMinD(), row.GetCurrentMaxD(),
+                                          row.GetLabNote()};
+        }
     }
     return conditions;
 }
@@ -383,6 +388,15 @@ QList<HorizontalControlIM*> QIfModuleMainView::rows() const
         all << entry.values();
     }
     return all;
+}
+
+QStringList QIfModuleMainView::registeredNames() const
+{
+    QStringList names;
+    for (const auto& entry : m_mapIMHorControls) {
+        names << entry.keys();
+    }
+    return names;
 }
 
 void QIfModuleMainView::removeAllRows()

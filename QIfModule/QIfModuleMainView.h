@@ -55,6 +55,7 @@ private:
     void appendRow(const QString& name, std::unique_ptr<HorizontalControlIM> row);
     /// In the order of the registry.
     QList<HorizontalControlIM*> rows() const;
+    QStringList registeredNames() const;
     void removeAllRows();
     void layOutList();
     void finishEdit();

@@ -254,7 +254,11 @@ void RangeSelectControlIM::setVisible(bool visible)
 {
     // A dialog that is shown sends the window's focus widget a FocusIn event; inside a row the strip must
     // not.
-    isWindow() ? QDialog::setVisible(visible) : QWidget::setVisible(visible);
+    if (isWindow()) {
+        QDialog::setVisible(visible);
+    } else {
+        QWidget::setVisible(visible); // NOLINT(bugprone-parent-virtual-call)
+    }
 }
 
 void RangeSelectControlIM::onFocusIn()

@@ -9,6 +9,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdio>
+#include <utility>
 
 namespace {
 
@@ -51,8 +52,8 @@ QString textOf(std::string_view field)
 
 } // namespace
 
-CsvReader::CsvReader(const QStringList& files)
-    : m_files(files)
+CsvReader::CsvReader(QStringList files)
+    : m_files(std::move(files))
 {
     open(m_files.first());
     for (const std::string_view name : m_row) {
@@ -217,7 +218,7 @@ bool CsvReader::parseRow()
     const char* at = m_begin;
     for (bool isLast = false; !isLast; ++at) {
         const char* begin = at;
-        const char* end = at;
+        const char* end = nullptr;
         if (*at == '"') {
             ++begin;
             bool isDoubled = false;

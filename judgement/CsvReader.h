@@ -25,7 +25,7 @@ public:
     using Row = std::vector<std::string_view>;
 
     /// Opens the first file and reads its header; "-" is standard input. At least one file.
-    explicit CsvReader(const QStringList& files);
+    explicit CsvReader(QStringList files);
 
     /// The place in a row of the column with this name, the header's only one of it.
     int column(const QString& name) const;

@@ -78,8 +78,9 @@ QString boundText(const ModuleConfiguration& configuration, double constant, con
 QJsonObject objectAt(const QJsonValue& value, const QString& place, const QStringList& keys)
 {
     require(value.isObject(), place, Texts::tr("expected an object"));
-    const QJsonObject object = value.toObject();
-    for (const QString& key : object.keys()) {
+    QJsonObject object = value.toObject();
+    const QStringList present = object.keys();
+    for (const QString& key : present) {
         require(keys.contains(key), place, Texts::tr("unknown key \"%1\"").arg(key));
     }
     return object;
@@ -168,7 +169,8 @@ ModuleConfiguration parsed(const QByteArray& json)
     ModuleConfiguration configuration;
     QList<ConditionRecord> records;
     QStringList names;
-    for (const QJsonValue& condition : root[conditionsKey].toArray()) {
+    const QJsonArray conditions = root[conditionsKey].toArray();
+    for (const auto& condition : conditions) {
         const QString place = QStringLiteral("%1[%2]").arg(conditionsKey).arg(records.size());
         records << readCondition(&configuration, condition, place);
         require(!names.contains(records.last().name), place + QStringLiteral(".name"),

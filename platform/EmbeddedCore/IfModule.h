@@ -5,6 +5,8 @@
 
 #include <QStringList>
 
+#include <utility>
+
 /// All that the core itself knows of what is stored for an If module; elsewhere in it a key is a text.
 namespace IfModule {
 
@@ -22,8 +24,8 @@ inline ModuleConfiguration first(const FlowModule& module)
 /// A run parameter has no type of its own; the condition's name in its key tells it.
 inline QStringList typesOfRunParameter(const QString& key)
 {
-    const QStringList numeric = {"float", "int"};
-    for (const QString& type : numeric) {
+    QStringList numeric = {"float", "int"};
+    for (const QString& type : std::as_const(numeric)) {
         if (key.contains(type)) {
             return {type};
         }
