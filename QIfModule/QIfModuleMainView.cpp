@@ -46,9 +46,7 @@ QIfModuleMainView::QIfModuleMainView(int moduleId, QWidget* parent)
 QIfModuleMainView::~QIfModuleMainView()
 {
     // The rows go with the layouts, after this object, and emit signals while they do.
-    for (HorizontalControlIM* const row : rows()) {
-        row->disconnect(this);
-    }
+    disconnectRows();
     m_qsName.clear();
     delete ui;
 }
@@ -289,14 +287,19 @@ void QIfModuleMainView::onBtnDeleteOpt(QString name)
             continue;
         }
         HorizontalControlIM* const row = found.value();
-        qDebug().noquote() << QStringLiteral("onBtnDeleteOpt find name=[%1] index=[%2]").arg(name).arg(i);
-        row->DelIO(name);
+        qDebug().noquote()
+            << QStringLiteral("onBtnDeleteOpt find name=[%1] index=[%2]").arg(name, QString::number(i));
+        if (row) {
+            row->DelIO(name);
+        }
         ui->verL_infoList->removeItem(row);
         qDebug("onBtnDeleteOpt removeItem success.");
         m_mapIMHorControls.removeAt(i);
         qDebug("onBtnDeleteOpt removeAt success.");
-        delete row;
-        qDebug("onBtnDeleteOpt delete ptr success.");
+        if (row) {
+            delete row;
+            qDebug("onBtnDeleteOpt delete ptr success.");
+        }
     }
     onLogicValueChanged2SetParam();
 }
@@ -352,9 +355,10 @@ QList<ConditionRecord> QIfModuleMainView::shownConditions() const
     QList<ConditionRecord> conditions;
     for (const auto& entry : m_mapIMHorControls) {
         for (auto it = entry.cbegin(); it != entry.cend(); ++it) {
-            const HorizontalControlIM& row = *it.value();
-            conditions << ConditionRecord{it.key(), row.GetCurrentMinD(), row.GetCurrentMaxD(),
-                                          row.GetLabNote()};
+            if (const HorizontalControlIM* const row = it.value()) {
+                conditions << ConditionRecord{it.key(), row->GetCurrentMinD(), row->GetCurrentMaxD(),
+                                              row->GetLabNote()};
+            }
         }
     }
     return conditions;
@@ -363,9 +367,11 @@ QList<ConditionRecord> QIfModuleMainView::shownConditions() const
 // The notes that cost conditions, or are cut themselves, carry a sign that says so.
 void QIfModuleMainView::showLosses()
 {
-    const StoredLoss loss(shownConditions());
+    const QList<ConditionRecord> conditions = shownConditions();
+    const StoredLoss loss(conditions);
+    auto condition = conditions.begin();
     for (HorizontalControlIM* const row : rows()) {
-        const QString note = row->GetLabNote();
+        const auto& [name, minimum, maximum, note] = *condition++;
         QStringList lines;
         if (note.toUtf8().size() > note.size()) {
             lines << tr("保存时末尾丢失的字节数：%1").arg(loss.bytes);
@@ -374,8 +380,8 @@ void QIfModuleMainView::showLosses()
             }
         }
         if ((!lines.isEmpty() || note.contains(QLatin1Char(':')) || note.contains(QLatin1Char(';'))) &&
-            loss.cutNotes.contains(row->GetLabName())) {
-            lines << tr("注释只恢复为：%1").arg(loss.cutNotes[row->GetLabName()]);
+            loss.cutNotes.contains(name)) {
+            lines << tr("注释只恢复为：%1").arg(loss.cutNotes[name]);
         }
         row->showLoss(lines.join(QLatin1Char('\n')));
     }
@@ -387,6 +393,7 @@ QList<HorizontalControlIM*> QIfModuleMainView::rows() const
     for (const auto& entry : m_mapIMHorControls) {
         all << entry.values();
     }
+    all.removeAll(nullptr);
     return all;
 }
 
@@ -402,11 +409,19 @@ QStringList QIfModuleMainView::registeredNames() const
 void QIfModuleMainView::removeAllRows()
 {
     // A row that loses the focus while it goes must not store half a list.
-    for (HorizontalControlIM* const row : rows()) {
-        row->disconnect(this);
-    }
+    disconnectRows();
     m_mapIMHorControls.clear();
     while (const std::unique_ptr<QLayoutItem> item{ui->verL_infoList->takeAt(0)}) {
+    }
+}
+
+void QIfModuleMainView::disconnectRows()
+{
+    for (int i = 0; i < ui->verL_infoList->count(); ++i) {
+        if (auto* const row = qobject_cast<HorizontalControlIM*>(ui->verL_infoList->itemAt(i)->layout())) {
+            row->disconnect(this);
+            row->noteField()->disconnect(this);
+        }
     }
 }
 

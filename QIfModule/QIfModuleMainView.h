@@ -57,6 +57,7 @@ private:
     QList<HorizontalControlIM*> rows() const;
     QStringList registeredNames() const;
     void removeAllRows();
+    void disconnectRows();
     void layOutList();
     void finishEdit();
     QList<ConditionRecord> shownConditions() const;

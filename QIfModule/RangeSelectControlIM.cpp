@@ -40,6 +40,13 @@ QWidget* lastInFocusChain(QWidget& widget)
     return last;
 }
 
+// A value that is set is no unfinished edit, even if the spin box has the focus.
+void setConstant(QDoubleSpinBox& spinBox, double value)
+{
+    spinBox.setValue(value);
+    spinBox.setProperty("modified", false);
+}
+
 } // namespace
 
 RangeSelectControlIM::RangeSelectControlIM(int moduleId, int minRange, int maxRange, QString name,
@@ -288,14 +295,14 @@ void RangeSelectControlIM::SetRange(int min, int max)
 // In each setter the order of the three steps is fixed.
 void RangeSelectControlIM::SetCurrentMin(int value)
 {
-    m_spbMinPullBar.setValue(value);
+    setConstant(m_spbMinPullBar, value);
     m_qmlRangeSlider.SetCurrentMinD(value);
     m_dOldMinValue = value;
 }
 
 void RangeSelectControlIM::SetCurrentMax(int value)
 {
-    m_spbMaxPullBar.setValue(value);
+    setConstant(m_spbMaxPullBar, value);
     m_qmlRangeSlider.SetCurrentMaxD(value);
     m_dOldMaxValue = value;
 }
@@ -305,7 +312,7 @@ void RangeSelectControlIM::SetCurrentMinD(double value)
     qDebug().noquote() << QStringLiteral("SetCurrentMinD min:[%1]").arg(value);
     m_qmlRangeSlider.SetCurrentMinD(value);
     m_dOldMinValue = value;
-    m_spbMinPullBar.setValue(value);
+    setConstant(m_spbMinPullBar, value);
 }
 
 void RangeSelectControlIM::SetCurrentMaxD(double value)
@@ -313,7 +320,7 @@ void RangeSelectControlIM::SetCurrentMaxD(double value)
     qDebug().noquote() << QStringLiteral("SetCurrentMaxD max:[%1]").arg(value);
     m_qmlRangeSlider.SetCurrentMaxD(value);
     m_dOldMaxValue = value;
-    m_spbMaxPullBar.setValue(value);
+    setConstant(m_spbMaxPullBar, value);
 }
 
 int RangeSelectControlIM::GetCurrentMin() const
@@ -328,9 +335,9 @@ int RangeSelectControlIM::GetCurrentMax() const
 
 void RangeSelectControlIM::onQmlRangeSliderValueChanged(int lower, int upper)
 {
-    m_spbMinPullBar.setValue(lower);
+    setConstant(m_spbMinPullBar, lower);
     m_dOldMinValue = lower;
-    m_spbMaxPullBar.setValue(upper);
+    setConstant(m_spbMaxPullBar, upper);
     m_dOldMaxValue = upper;
     emit sigMinRangeChanged();
 }
@@ -340,14 +347,14 @@ void RangeSelectControlIM::onRangeSliderLowerValueChanged(int value)
     qDebug().noquote() << QStringLiteral(
                               "[RangeSelectControlIM]: onRangeSliderLowerValueChanged start. value=[%1]")
                               .arg(value);
-    m_spbMinPullBar.setValue(value);
+    setConstant(m_spbMinPullBar, value);
     m_dOldMinValue = value;
     emit sigMinRangeChanged();
 }
 
 void RangeSelectControlIM::onRangeSliderUpperValueChanged(int value)
 {
-    m_spbMaxPullBar.setValue(value);
+    setConstant(m_spbMaxPullBar, value);
     m_dOldMaxValue = value;
     emit sigMaxRangeChanged();
 }
@@ -420,10 +427,8 @@ void RangeSelectControlIM::switchSource(const Bound& bound, const QString& failu
 void RangeSelectControlIM::onQuerySubscribeMenuInfo(QString varType)
 {
     auto* const selecter = qobject_cast<ButtonSelecterView*>(sender());
-    if (!selecter) {
-        return;
-    }
-    if (auto menu = SubscribeMenu::query(m_iModuId, m_labName, varType)) {
+    auto menu = SubscribeMenu::query(m_iModuId, m_labName, varType);
+    if (menu && selecter) {
         selecter->UpdateSubscribeMenuData(*menu, 0);
     }
 }
@@ -482,9 +487,10 @@ void RangeSelectControlIM::restoreSource(const Bound& bound, const QString& word
         std::printf("\nget in true 287=%s\n", qUtf8Printable(text));
     }
     if (found != 0) {
-        LogFailure(QStringLiteral("[RangeSelectControlIM]: %1 GetFilterSourceOperation4IO falied. msg =  ")
-                       .arg(bound.selecter.objectName()),
-                   result, QStringLiteral("\n"));
+        LogFailure(
+            QStringLiteral("[RangeSelectControlIM]: %1 GetFilterSourceOperation4IO falied. msg =  ")
+                .arg(isLower ? QLatin1String("m_bsvMinNumSubscribe") : QLatin1String("m_bsvMaxNumSubscribe")),
+            result, QStringLiteral("\n"));
     }
     bound.selecter.SetEdiSubscribeText(text);
 }

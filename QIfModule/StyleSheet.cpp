@@ -6,12 +6,12 @@
 bool StyleSheet::set(const QString& resourcePath, std::initializer_list<QWidget*> widgets)
 {
     QFile file(resourcePath);
-    const bool isOpen = file.open(QIODevice::ReadOnly);
+    if (!file.open(QIODevice::ReadOnly)) {
+        return false;
+    }
     const QString sheet = QString::fromLatin1(file.readAll().constData());
     for (QWidget* const widget : widgets) {
-        if (isOpen) {
-            widget->setStyleSheet(sheet);
-        }
+        widget->setStyleSheet(sheet);
     }
-    return isOpen;
+    return true;
 }

@@ -33,8 +33,7 @@ set(CPACK_COMPONENT_PLATFORM_DESCRIPTION "Stand-in for the platform that QIfModu
 set(CPACK_DEBIAN_PLATFORM_PACKAGE_PROVIDES zel-platform)
 set(CPACK_DEBIAN_PLATFORM_PACKAGE_CONFLICTS zel-platform)
 set(CPACK_DEBIAN_PLATFORM_PACKAGE_REPLACES zel-platform)
-set(CPACK_DEBIAN_PLATFORM_PACKAGE_DEPENDS "qml-module-qtquick2, qml-module-qtquick-controls2, \
-qml-module-qtquick-templates2, qml-module-qtquick-window2")
+set(CPACK_DEBIAN_PLATFORM_PACKAGE_DEPENDS "qml-module-qtquick2")
 
 set(CPACK_DEBIAN_PLUGIN_PACKAGE_NAME qifmodule)
 set(CPACK_COMPONENT_PLUGIN_DESCRIPTION "Configuration panel of the If step of an inspection flow

@@ -5,9 +5,7 @@ set -eu
 
 cd "$(dirname "$0")/.."
 scripts/setup.sh test
-for tool in imagemagick sqlite3; do
-    dpkg-query -W "$tool" >/dev/null 2>&1 || apt-get install -qq -y --no-install-recommends "$tool" >/dev/null
-done
+dpkg-query -W imagemagick >/dev/null 2>&1 || apt-get install -qq -y --no-install-recommends imagemagick >/dev/null
 scripts/build.sh release
 
 work=$(mktemp -d)
@@ -16,23 +14,9 @@ store=$work/store.sqlite
 workbench=build/release/bin/if-workbench
 export XDG_CONFIG_HOME="$work" LC_ALL=C.UTF-8
 
-# A store as an engineer would leave it: two measurements with constant bounds, a count with a subscribed one.
-"$workbench" --screenshot "$work/empty.png" --store "$store" 2>/dev/null
-for io in 'int0 int 5.ObjectNumber' 'float0 float 5.Mean.Radius' 'float1 float 5.Worst.Concavity'; do
-    # shellcheck disable=SC2086 # name, type and source
-    set -- $io
-    sqlite3 "$store" \
-        "INSERT INTO module_io VALUES (7, '%$1%', 'input', '$2', 0, 1, 1, 1, 0, 1, 0, 1, 1, 1, 1);" \
-        "INSERT INTO binding VALUES (7, 'io', '%$1%', '$3');"
-done
-sqlite3 "$store" \
-    "INSERT INTO binding VALUES (7, 'run_parameter', '%int0%End', '5.ObjectCount');" \
-    "INSERT INTO ui_data VALUES (7, '@%int0%End', CAST('True' AS BLOB) || x'00');" \
-    "UPDATE binary_parameter SET value = CAST(
-        '%float0%:6.981:15.500:radius;%float1%:0.000:0.350:worst;%int0%:1:1000:object;' AS BLOB);"
-
+"$workbench" --import workbench/samples/nuclei-conditions.json --store "$store" --module 7
 "$workbench" --screenshot "$work/shot.png" --store "$store" 2>/dev/null >/dev/null
-convert "$work/shot.png" -crop 664x370+242+62 +repage docs/panel.png
+convert "$work/shot.png" -crop 612x400+243+62 +repage docs/panel.png
 
 mkdir -p "$work/if-workbench"
 printf '[General]\nlanguage=en\n' >"$work/if-workbench/if-workbench.ini"

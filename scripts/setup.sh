@@ -3,17 +3,15 @@
 # Needs root and the network only when something is missing.
 set -eu
 
-run='g++ cmake ninja-build qtbase5-dev qtdeclarative5-dev qtquickcontrols2-5-dev qttools5-dev qttools5-dev-tools
-     libqt5sql5-sqlite qml-module-qtquick2 qml-module-qtquick-controls2 qml-module-qtquick-templates2
-     qml-module-qtquick-window2 qttranslations5-l10n fonts-dejavu-core fonts-wqy-microhei'
+run='g++ cmake ninja-build qtbase5-dev qtdeclarative5-dev qttools5-dev qttools5-dev-tools libqt5sql5-sqlite
+     qml-module-qtquick2 qttranslations5-l10n fonts-dejavu-core fonts-wqy-microhei'
 test="$run strace xvfb xauth xdotool openbox"
 bench="$run mawk python3 valgrind"
 check="$bench clang clang-format clang-tidy libclang-rt-14-dev shellcheck"
 # The board's libraries stand beside those of this machine; its compiler and tools run on this machine.
 board='g++-aarch64-linux-gnu qemu-user-static debootstrap dpkg-dev file
-       qtbase5-dev:arm64 qtdeclarative5-dev:arm64 qtquickcontrols2-5-dev:arm64 qttools5-dev:arm64
-       libqt5sql5-sqlite:arm64 qml-module-qtquick2:arm64 qml-module-qtquick-controls2:arm64
-       qml-module-qtquick-templates2:arm64 qml-module-qtquick-window2:arm64'
+       qtbase5-dev:arm64 qtdeclarative5-dev:arm64 qttools5-dev:arm64 libqt5sql5-sqlite:arm64
+       qml-module-qtquick2:arm64'
 
 packages=
 for purpose in "$@"; do

@@ -21,14 +21,6 @@ PanelTour::PanelTour()
     host.layout()->addWidget(ok);
     host.resize(700, 600);
 
-    // A slot that throws through a combo leaves a reference to the item's text behind: Qt's code has no
-    // handler there. Held here, the text is no leak.
-    static QStringList itemTexts;
-    const auto combos = host.findChildren<QComboBox*>();
-    for (const QComboBox* const combo : combos) {
-        itemTexts << combo->itemText(0) << combo->itemText(1);
-    }
-
     core.binaryData["IFText"] = "%int0%:0:100:first;short:1;%float0%:0.500:2.250:;%int1%:-5:5x:a b:c;";
     core.uiData = {{"@%float0%Start", "True"}, {"@%float0%End", "False"}, {"@%int1%End", "True"}};
     core.bindings = {{"1/%int0%", "5.Count"}, {"0/%float0%Start", "5.Mean"}};
@@ -48,6 +40,15 @@ PanelTour::PanelTour()
     };
     QObject::connect(&m_warningWatch, &QTimer::timeout, [this] { closeWarning(); });
     m_warningWatch.start(1);
+}
+
+void PanelTour::keepItemTexts() const
+{
+    static QStringList kept;
+    const auto combos = host.findChildren<QComboBox*>();
+    for (const QComboBox* const combo : combos) {
+        kept << combo->itemText(0) << combo->itemText(1);
+    }
 }
 
 QStringList PanelTour::linesOf(const QString& name)

@@ -27,6 +27,9 @@ public:
     /// The tour through all that the panel offers.
     void performAll();
     QWidget* find(const QString& target) const;
+    /// To be called before a command throws: a combo that an exception passes leaves a reference to its
+    /// item's text behind, which is no leak while the text is kept.
+    void keepItemTexts() const;
 
     /// The conditions as the widgets show them, in the form in which they are stored.
     QStringList shownRows() const;

@@ -116,6 +116,7 @@ void tst_faults::everyCommandInTurn()
                 return std::nullopt;
             }
             if (!status) {
+                tour.keepItemTexts();
                 throw ZelCommon::ZelException("gone");
             }
             return CommandResult(*status, "NO");

@@ -3,7 +3,6 @@
 #include "core_client/core_client.h"
 
 #include <QElapsedTimer>
-#include <QScopeGuard>
 
 using namespace ZelCore;
 
@@ -47,18 +46,21 @@ CommandResult CommandTap::Execute(ICommand& command)
     entry.number = ++m_count;
     QElapsedTimer timer;
     timer.start();
-    const auto report = qScopeGuard([&] {
+    const auto report = [&] {
         entry.microseconds = timer.nsecsElapsed() / 1000;
         emit executed(command, entry);
-    });
+    };
+    CommandResult result(None);
     try {
-        const CommandResult result = m_core.Execute(command);
-        entry.status = result.Status;
-        entry.message = ToQString(TextOf(result.Message));
-        return result;
+        result = m_core.Execute(command);
     } catch (const std::exception& exception) {
         entry.isException = true;
         entry.message = QString::fromUtf8(exception.what());
+        report();
         throw;
     }
+    entry.status = result.Status;
+    entry.message = ToQString(TextOf(result.Message));
+    report();
+    return result;
 }
