@@ -5,27 +5,23 @@
 #include <QLineEdit>
 #include <QLocalServer>
 #include <QLocalSocket>
+#include <QMap>
 
-#include <algorithm>
-#include <tuple>
+#include <utility>
 
 namespace {
 
 // Every visible widget of an object or class name from the top: [[x, y, width, height, text], ...].
 QByteArray answerTo(const QString& name)
 {
-    QWidgetList found = QApplication::allWidgets();
-    found.erase(std::remove_if(found.begin(), found.end(),
-                               [&](const QWidget* widget) {
-                                   return !widget->isVisible() || (widget->objectName() != name &&
-                                                                   widget->metaObject()->className() != name);
-                               }),
-                found.end());
     const auto placeOf = [](const QWidget* widget) { return widget->mapToGlobal(QPoint()); };
-    std::stable_sort(found.begin(), found.end(), [&](const QWidget* first, const QWidget* second) {
-        return std::make_tuple(placeOf(first).y(), placeOf(first).x()) <
-               std::make_tuple(placeOf(second).y(), placeOf(second).x());
-    });
+    QMultiMap<std::pair<int, int>, const QWidget*> found;
+    for (const QWidget* const widget : QApplication::allWidgets()) {
+        if (widget->isVisible() &&
+            (widget->objectName() == name || widget->metaObject()->className() == name)) {
+            found.insert({placeOf(widget).y(), placeOf(widget).x()}, widget);
+        }
+    }
     QJsonArray answer;
     for (const QWidget* const widget : qAsConst(found)) {
         const auto* const edit = widget->findChild<QLineEdit*>();

@@ -45,7 +45,6 @@ private slots:
     void longestLog();
     void colours();
     void content();
-    void faults_data();
     void faults();
     void refusedFaults();
     void models();
@@ -72,13 +71,11 @@ void tst_command_log::log()
     QTRY_COMPARE(rows->rowCount(), 2);
     const auto* const model = qobject_cast<CommandLogModel*>(rows->sourceModel());
     const QJsonDocument last = QJsonDocument::fromJson(model->jsonOf(1));
-    for (const auto& [key, value] : {std::pair("number", "3"),
-                                     {"module", "7"},
-                                     {"content", "3"},
-                                     {"status", "Exception"},
-                                     {"message", "磁盘 full"}}) {
-        QCOMPARE(last[key].toVariant().toString(), value);
-    }
+    QCOMPARE(last["number"].toInt(), 3);
+    QCOMPARE(last["module"].toInt(), 7);
+    QCOMPARE(last["content"].toString(), "3");
+    QCOMPARE(last["status"].toString(), "Exception");
+    QCOMPARE(last["message"].toString(), "磁盘 full");
 }
 
 void tst_command_log::longestLog()
@@ -134,41 +131,34 @@ void tst_command_log::content()
     }
 }
 
-void tst_command_log::faults_data()
-{
-    QTest::addColumn<QStringList>("faults");
-    QTest::addColumn<QString>("answers"); // to LogicalMode and Other in turn
-    QTest::addColumn<bool>("stayArmed");
-    QTest::newRow("next") << QStringList{""} << "failed done done done" << false;
-    QTest::newRow("second") << QStringList{"when=2,answer=NothingChanged"} << "done unchanged done done"
-                            << false;
-    QTest::newRow("every") << QStringList{"when=every,answer=Exception"} << "thrown thrown thrown thrown"
-                           << true;
-    QTest::newRow("parameter") << QStringList{"kind=SetRunParam,parameter=Other,when=2"}
-                               << "done done done failed" << false;
-    QTest::newRow("kind") << QStringList{"kind=AddIO"} << "done done done done" << true;
-    QTest::newRow("delay") << QStringList{"when=3,answer=Delay"} << "done done held 2000 done done" << false;
-    // The first that is due answers, the others strike the commands that follow.
-    QTest::newRow("several") << QStringList{"answer=Failed", "answer=Exception",
-                                            "when=2,answer=NothingChanged"}
-                             << "failed thrown unchanged done" << false;
-}
-
+// Of faults, what LogicalMode and Other are answered in turn, and whether one stays armed.
 void tst_command_log::faults()
 {
-    QFETCH(QStringList, faults);
-    FakeCore core;
-    FaultInjector injector(core);
-    QStringList answers;
-    injector.hold = [&answers](int milliseconds) { answers << "held" << QString::number(milliseconds); };
-    for (const QString& fault : faults) {
-        injector.arm(faultOf(faultOf(fault).text()));
+    const std::tuple<QStringList, QString, bool> rows[] = {
+        {{""}, "failed done done done", false},
+        {{"when=2,answer=NothingChanged"}, "done unchanged done done", false},
+        {{"when=every,answer=Exception"}, "thrown thrown thrown thrown", true},
+        {{"kind=SetRunParam,parameter=Other,when=2"}, "done done done failed", false},
+        {{"kind=AddIO"}, "done done done done", true},
+        {{"when=3,answer=Delay"}, "done done held 2000 done done", false},
+        // The first that is due answers, the others strike the commands that follow.
+        {{"answer=Failed", "answer=Exception", "when=2,answer=NothingChanged"},
+         "failed thrown unchanged done",
+         false}};
+    for (const auto& [faults, expected, stayArmed] : rows) {
+        FakeCore core;
+        FaultInjector injector(core);
+        QStringList answers;
+        injector.hold = [&answers](int milliseconds) { answers << "held" << QString::number(milliseconds); };
+        for (const QString& fault : faults) {
+            injector.arm(faultOf(faultOf(fault).text()));
+        }
+        for (const char* const parameter : {"LogicalMode", "Other", "LogicalMode", "Other"}) {
+            answers << answerTo(injector, parameter);
+        }
+        QCOMPARE(answers.join(' '), expected);
+        QCOMPARE(injector.plan().isArmed(), stayArmed);
     }
-    for (const char* const parameter : {"LogicalMode", "Other", "LogicalMode", "Other"}) {
-        answers << answerTo(injector, parameter);
-    }
-    QTEST(answers.join(' '), "answers");
-    QTEST(injector.plan().isArmed(), "stayArmed");
 }
 
 void tst_command_log::refusedFaults()

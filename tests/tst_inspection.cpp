@@ -28,15 +28,6 @@ ModuleConfiguration storing(const QByteArray& ifText)
     return configuration;
 }
 
-ModuleBinding bindingOf(ENUM_IO_SUBSCRIBE_TYPE_ type, const char* key, const char* source, QJsonValue value)
-{
-    ModuleBinding binding;
-    binding.target = {7, type, key};
-    binding.source = source;
-    binding.value = std::move(value);
-    return binding;
-}
-
 // A panel over the core of the workbench, and what follows it.
 struct Fixture
 {
@@ -89,65 +80,55 @@ class tst_inspection : public QObject
     Q_OBJECT
 
 private slots:
-    void states_data();
     void states();
     void liveRow();
     void longTexts();
     void whatAPanelShows();
-    void refusedSaves_data();
     void refusedSaves();
     void undo();
     void run();
     void percentiles();
 };
 
-void tst_inspection::states_data()
-{
-    QTest::addColumn<QByteArray>("stored");
-    QTest::addColumn<QStringList>("states"); // with int0 1..5.9 "a" and float0 0.5..2.25 "b" shown
-    QTest::addColumn<QStringList>("sentences");
-    QTest::newRow("as shown") << QByteArray("%int0%:1:5:a;%float0%:0.500:2.250:b;")
-                              << QStringList{"stored", "stored"} << QStringList();
-    QTest::newRow("nothing stored") << QByteArray("0")
-                                    << QStringList{"shown, but not stored", "shown, but not stored"}
-                                    << QStringList{"int0 is not stored", "float0 is not stored"};
-    QTest::newRow("other bounds")
-        << QByteArray("%int0%:0:6:a;%float0%:0.500:2.251:b;")
-        << QStringList{"stored minimum is 0, shown 1; stored maximum is 6, shown 5",
-                       "stored maximum is 2.251, shown 2.250"}
-        << QStringList{"int0 is not stored: stored minimum is 0, shown 1; stored maximum is 6, shown 5",
-                       "float0 is not stored: stored maximum is 2.251, shown 2.250"};
-    QTest::newRow("another note") << QByteArray("%int0%:1:5:;%float0%:0.500:2.250:b;")
-                                  << QStringList{"stored note is \"\", shown \"a\"", "stored"}
-                                  << QStringList("int0 is not stored: stored note is \"\", shown \"a\"");
-    QTest::newRow("deleted in the panel") << QByteArray("%int0%:1:5:a;%float0%:0.500:2.250:b;%int1%:1:2:;")
-                                          << QStringList{"stored", "stored", "stored, but not shown"}
-                                          << QStringList("int1 is not shown, but still stored");
-    QTest::newRow("cut") << QByteArray("%int0%:1:5:a;%float0%:0.500:2.250:")
-                         << QStringList{"stored", "cut by the length rule"}
-                         << QStringList("float0 is not stored: stored note is \"\", shown \"b\"");
-}
-
+// Of a stored list beside the conditions "int0" from 1 to 5.9 and "float0" from 0.5 to 2.25 in a panel.
 void tst_inspection::states()
 {
-    QFETCH(QByteArray, stored);
     const QList<ConditionRecord> shown = {{"int0", 1.0, 5.9, "a"}, {"float0", 0.5, 2.25, "b"}};
+    const QString bounds = "stored minimum is 0, shown 1; stored maximum is 6, shown 5";
+    const QString maximum = "stored maximum is 2.251, shown 2.250";
+    const QString noteOfInt = "stored note is \"\", shown \"a\"";
+    const QString missing = "shown, but not stored";
+    const std::tuple<QByteArray, QStringList, QStringList> rows[] = {
+        {"%int0%:1:5:a;%float0%:0.500:2.250:b;", {"stored", "stored"}, {}},
+        {"0", {missing, missing}, {"int0 is not stored", "float0 is not stored"}},
+        {"%int0%:0:6:a;%float0%:0.500:2.251:b;",
+         {bounds, maximum},
+         {"int0 is not stored: " + bounds, "float0 is not stored: " + maximum}},
+        {"%int0%:1:5:;%float0%:0.500:2.250:b;", {noteOfInt, "stored"}, {"int0 is not stored: " + noteOfInt}},
+        {"%int0%:1:5:a;%float0%:0.500:2.250:b;%int1%:1:2:;",
+         {"stored", "stored", "stored, but not shown"},
+         {"int1 is not shown, but still stored"}},
+        {"%int0%:1:5:a;%float0%:0.500:2.250:",
+         {"stored", "cut by the length rule"},
+         {"float0 is not stored: stored note is \"\", shown \"b\""}}};
     const int column = ModuleInspection::conditionColumns().indexOf("State");
-    QStringList states;
-    for (const auto& row : ModuleInspection::conditions(storing(stored), &shown)) {
-        states << row.cells.at(column);
-        QCOMPARE(row.remark, states.last() == "stored" ? QString() : states.last());
+    for (const auto& [stored, expected, sentences] : rows) {
+        QStringList states;
+        for (const auto& row : ModuleInspection::conditions(storing(stored), &shown)) {
+            states << row.cells.at(column);
+            QCOMPARE(row.remark, states.last() == "stored" ? QString() : states.last());
+        }
+        QCOMPARE(states, expected);
+        QCOMPARE(ModuleInspection::differences(storing(stored), shown), sentences);
     }
-    QTEST(states, "states");
-    QTEST(ModuleInspection::differences(storing(stored), shown), "sentences");
 }
 
 void tst_inspection::liveRow()
 {
     ModuleConfiguration configuration = storing("%float0%:1.000:2.000:a;%int0%:1:5:;%int1%:1:5:;");
-    configuration.bindings = {bindingOf(SUBSCRIBE_TYPE_IO, "%float0%", "5.Radius", 2.5),
-                              bindingOf(SUBSCRIBE_TYPE_IO, "%int0%", "5.Count", 7),
-                              bindingOf(SUBSCRIBE_TYPE_RUNPARAM, "%int0%End", "5.Limit", 8)};
+    configuration.bindings = {{{7, SUBSCRIBE_TYPE_IO, "%float0%"}, "5.Radius", 2.5, {}, {}},
+                              {{7, SUBSCRIBE_TYPE_IO, "%int0%"}, "5.Count", 7, {}, {}},
+                              {{7, SUBSCRIBE_TYPE_RUNPARAM, "%int0%End"}, "5.Limit", 8, {}, {}}};
     configuration.uiData["@%int0%End"] = QByteArray("True", 5);
     const auto rows = ModuleInspection::conditions(configuration, nullptr);
     QCOMPARE(rows[0].cells, QStringList({"float0", "5.Radius", "2.5", "1", "2", "out", "stored", "a"}));
@@ -183,49 +164,35 @@ void tst_inspection::whatAPanelShows()
              "%other%:0:0:x;%float0%:0.500:2.250:b;%int1%:3:4:;%int0%:1:1000:;");
 }
 
-void tst_inspection::refusedSaves_data()
-{
-    QTest::addColumn<QString>("fault");
-    QTest::addColumn<QString>("button"); // pressed while the fault is armed
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("further"); // pressed when it is not
-    QTest::newRow("list") << "kind=SetBinaryData,message=disk full"
-                          << "btn_add"
-                          << "not stored: disk full\nint1 is not stored"
-                          << "btn_add";
-    QTest::newRow("deletion") << "kind=SetBinaryData,answer=Exception,message=gone"
-                              << "m_btnDelete"
-                              << "not stored: gone\nint0 is not shown, but still stored"
-                              << "btn_add";
-    QTest::newRow("no message") << "kind=SetBinaryData"
-                                << "btn_add"
-                                << "not stored: SetBinaryData\nint1 is not stored"
-                                << "btn_add";
-    QTest::newRow("IO") << "kind=AddIO,message=no IO"
-                        << "btn_add"
-                        << "%int1% is not stored: no IO\nint1 is not stored"
-                        << "m_btnDelete 1";
-    QTest::newRow("source of a bound") << "kind=SetUIData,message=disk full"
-                                       << "m_btnMinSwitch"
-                                       << "not stored: disk full"
-                                       << "m_btnMinSwitch";
-}
-
 // The line stays until a later save succeeds.
 void tst_inspection::refusedSaves()
 {
-    QFETCH(QString, fault);
-    QFETCH(QString, button);
-    QFETCH(QString, further);
-    Fixture f;
-    f.press("btn_add");
-    QVERIFY2(f.text().startsWith("All is stored"), qPrintable(f.text()));
-    QString error;
-    f.session.faults().arm(FaultPlan::parse(fault, &error).value());
-    f.press(button);
-    QTEST(f.text(), "text");
-    f.press(further);
-    QVERIFY2(f.text().startsWith("All is stored"), qPrintable(f.text()));
+    struct
+    {
+        const char* fault;
+        const char* button; // pressed while the fault is armed
+        const char* text;
+        const char* further; // pressed when it is not
+    } const rows[] = {
+        {"kind=SetBinaryData,message=disk full", "btn_add", "not stored: disk full\nint1 is not stored",
+         "btn_add"},
+        {"kind=SetBinaryData,answer=Exception,message=gone", "m_btnDelete",
+         "not stored: gone\nint0 is not shown, but still stored", "btn_add"},
+        {"kind=SetBinaryData", "btn_add", "not stored: SetBinaryData\nint1 is not stored", "btn_add"},
+        {"kind=AddIO,message=no IO", "btn_add", "%int1% is not stored: no IO\nint1 is not stored",
+         "m_btnDelete 1"},
+        {"kind=SetUIData,message=disk full", "m_btnMinSwitch", "not stored: disk full", "m_btnMinSwitch"}};
+    for (const auto& row : rows) {
+        Fixture f;
+        f.press("btn_add");
+        QVERIFY2(f.text().startsWith("All is stored"), qPrintable(f.text()));
+        QString error;
+        f.session.faults().arm(FaultPlan::parse(row.fault, &error).value());
+        f.press(row.button);
+        QCOMPARE(f.text(), row.text);
+        f.press(row.further);
+        QVERIFY2(f.text().startsWith("All is stored"), qPrintable(row.fault + f.text()));
+    }
 }
 
 // Conditions, bindings and bound sources are as before the change, and shown again.

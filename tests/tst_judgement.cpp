@@ -1,31 +1,42 @@
-#include "condition/ConditionName.h"
 #include "judgement/ByteSearch.h"
 #include "judgement/JudgementError.h"
+#include "judgement/JudgementSql.h"
 #include "judgement/ResultCsv.h"
 
-#include <QRandomGenerator>
+#include <QSqlDatabase>
+#include <QSqlQuery>
 #include <QTemporaryDir>
 #include <QtTest>
 
 #include <cmath>
 
 using namespace ZelCore;
-using namespace ConditionName;
 
 namespace {
 
-ModuleConfiguration configurationOf(const QByteArray& ifText, const QByteArray& mode = "1")
+/// What feeds an input, "%int0%", or a subscribed bound, "%int0%Start".
+struct Source
+{
+    QString key;
+    QString column;
+    QJsonValue value = QJsonValue::Null;
+    QString missing = {};
+};
+
+ModuleConfiguration configurationOf(const QByteArray& ifText, const QVector<Source>& sources = {},
+                                    const QByteArray& mode = "1")
 {
     ModuleConfiguration configuration;
     configuration.binaryData["IFText"] = ifText;
     configuration.runParameters["LogicalMode"] = mode;
+    for (const auto& [key, column, value, missing] : sources) {
+        const auto type = key.endsWith('%') ? SUBSCRIBE_TYPE_IO : SUBSCRIBE_TYPE_RUNPARAM;
+        configuration.bindings << ModuleBinding{{7, type, key}, "5." + column, value, column, missing};
+        if (type == SUBSCRIBE_TYPE_RUNPARAM) {
+            configuration.uiData['@' + key] = QByteArray("True\0", 5);
+        }
+    }
     return configuration;
-}
-
-void bind(ModuleConfiguration& configuration, ENUM_IO_SUBSCRIBE_TYPE_ type, const QString& key,
-          const QString& column, const QJsonValue& value = QJsonValue::Null, const QString& missing = {})
-{
-    configuration.bindings << ModuleBinding{{7, type, key}, "5." + column, value, column, missing};
 }
 
 } // namespace
@@ -38,7 +49,6 @@ private slots:
     void tables();
     void severalFiles();
     void blockEdges();
-    void separators();
     void numbers();
     void bounds();
     void values();
@@ -47,6 +57,7 @@ private slots:
     void passRate();
     void resultRows();
     void histogram();
+    void sql();
 
 private:
     QString fileOf(const QByteArray& content, const QString& name = "table.csv")
@@ -162,18 +173,6 @@ void tst_judgement::blockEdges()
     QCOMPARE(rowsOf({fileOf(content)}), expected);
 }
 
-void tst_judgement::separators()
-{
-    QRandomGenerator random(1);
-    for (int i = 0; i < 1000; ++i) {
-        char bytes[ByteSearch::width];
-        std::generate(std::begin(bytes), std::end(bytes), [&] { return "\n,;\x8c-\xff"[random.bounded(6)]; });
-        QCOMPARE(ByteSearch::find(bytes, ',', '\n'), ByteSearch::findPlainly(bytes, ',', '\n'));
-    }
-    QCOMPARE(ByteSearch::findPlainly(QByteArray("x,\n").leftJustified(63, 'x').append(','), ',', '\n'),
-             quint64(6) | quint64(1) << 63);
-}
-
 // With a decimal point under every locale.
 void tst_judgement::numbers()
 {
@@ -205,14 +204,13 @@ void tst_judgement::bounds()
                                            {"15,30,5", "not OK; out the minimum 30 is above the maximum 5"},
                                            {"15,x,", "not OK; none minimum: \"x\" is no number"},
                                            {"15,,nan", "not OK; none maximum: \"nan\" is no number"}}) {
-        auto configuration = configurationOf("%int0%:10:20:;");
-        bind(configuration, SUBSCRIBE_TYPE_IO, inputIo("int0"), "int0");
-        bind(configuration, SUBSCRIBE_TYPE_RUNPARAM, lowerBoundKey("int0"), "low");
-        bind(configuration, SUBSCRIBE_TYPE_RUNPARAM, upperBoundKey("int0"), "high");
+        auto configuration = configurationOf(
+            "%int0%:10:20:;", {{"%int0%", "int0"}, {"%int0%Start", "low"}, {"%int0%End", "high"}});
         const QList<QByteArray> bounds = QByteArray(fields).split(',').mid(1);
-        configuration.uiData[lowerBoundSourceKey("int0")] =
-            bounds[0].isEmpty() ? QByteArray("False\0", 6) : QByteArray("True\0", 5);
-        configuration.uiData[upperBoundSourceKey("int0")] = bounds[1].isEmpty() ? "true" : "True";
+        if (bounds[0].isEmpty()) {
+            configuration.uiData["@%int0%Start"] = QByteArray("False\0", 6);
+        }
+        configuration.uiData["@%int0%End"] = bounds[1].isEmpty() ? "true" : "True";
         const QString judgement = judged(configuration, QByteArray("int0,low,high\n") + fields + '\n');
         QCOMPARE(fields + (": " + judgement), fields + QString(": ") + expected);
     }
@@ -221,27 +219,22 @@ void tst_judgement::bounds()
 // Without a binding, with a lost one, and from the flow instead of a table.
 void tst_judgement::values()
 {
-    auto configuration = configurationOf("%int0%:10:20:;%int1%:10:20:;%int2%:10:20:;");
-    bind(configuration, SUBSCRIBE_TYPE_IO, inputIo("int1"), "a", {}, "it is gone");
-    bind(configuration, SUBSCRIBE_TYPE_IO, inputIo("int2"), {});
-    QCOMPARE(judged(configuration, "a\n15\n"),
+    const QByteArray list = "%int0%:10:20:;%int1%:10:20:;%int2%:10:20:;";
+    const auto lost = configurationOf(list, {{"%int1%", "a", {}, "it is gone"}, {"%int2%", ""}});
+    QCOMPARE(judged(lost, "a\n15\n"),
              QString("not OK; none not bound; none it is gone; none the flow gives 5. no column"));
-    const auto run = open(configuration, "a\n15\n");
+    const auto run = open(lost, "a\n15\n");
     QVERIFY(run && run->next(&m_error) == SampleRun::Step::Judged);
     const Judgement::Result unbound = run->judgement().result(0);
     QVERIFY(std::isnan(unbound.value) && unbound.minimum == 10.0 && unbound.maximum == 20.0);
     // A value without a column is the same for every row.
-    configuration.bindings.last().value = 12;
-    QVERIFY(judged(configuration, "a\n15\n").endsWith("; in 12 is within 10 to 20"));
-    bind(configuration, SUBSCRIBE_TYPE_IO, inputIo("int0"), "b");
-    QVERIFY2(judged(configuration, "a\n15\n").contains("column b"), qPrintable(m_error));
-
-    configuration = configurationOf("%int0%:1:9:;%int1%:1:9:;%int2%:1:9:;");
-    bind(configuration, SUBSCRIBE_TYPE_IO, inputIo("int0"), "a", 5);
-    bind(configuration, SUBSCRIBE_TYPE_IO, inputIo("int1"), "b");
-    bind(configuration, SUBSCRIBE_TYPE_IO, inputIo("int2"), "c", "text");
-    QCOMPARE(judged(configuration, {}), QString("not OK; in 5 is within 1 to 9; none the flow gives 5.b no "
-                                                "value; none \"text\" is no number"));
+    QCOMPARE(judged(configurationOf("%int0%:10:20:;", {{"%int0%", "", 12}}), "a\n15\n"),
+             QString("OK; in 12 is within 10 to 20"));
+    QVERIFY(judged(configurationOf(list, {{"%int0%", "b"}}), "a\n15\n").contains("column b"));
+    QCOMPARE(
+        judged(configurationOf(list, {{"%int0%", "a", 15}, {"%int1%", "b"}, {"%int2%", "c", "text"}}), {}),
+        QString("not OK; in 15 is within 10 to 20; none the flow gives 5.b no value; none \"text\" is no "
+                "number"));
 }
 
 // What a list makes of 5 when all, or any, of its conditions have to be met.
@@ -254,9 +247,7 @@ void tst_judgement::modes()
                                          {"%int0%:1:9:;%int1%:1:9:;", false, true},
                                          {"%int1%:1:9:;", false, false}}) {
         for (const auto& [mode, isOk] : {std::pair("1", all), {"2", any}, {"", any}, {" 1x", all}}) {
-            auto configuration = configurationOf(list, mode);
-            bind(configuration, SUBSCRIBE_TYPE_IO, inputIo("int0"), "a");
-            bind(configuration, SUBSCRIBE_TYPE_IO, inputIo("float0"), "a");
+            const auto configuration = configurationOf(list, {{"%int0%", "a"}, {"%float0%", "a"}}, mode);
             QVERIFY2(judged(configuration, "a\n5\n").startsWith(isOk ? "OK" : "not OK"),
                      QByteArray(list) + mode);
         }
@@ -265,15 +256,10 @@ void tst_judgement::modes()
 
 void tst_judgement::totals()
 {
-    auto configuration = configurationOf("%int0%:1:9:;");
-    bind(configuration, SUBSCRIBE_TYPE_IO, inputIo("int0"), "a");
-    const auto run = open(configuration, "a\n1\n2\n99\nx\n3\n4,4\n5\n");
+    const auto run = open(configurationOf("%int0%:1:9:;", {{"%int0%", "a"}}), "a\n1\n2\n99\nx\n3\n4,4\n5\n");
     QVERIFY(run);
-    auto step = SampleRun::Step::Judged;
-    while (step == SampleRun::Step::Judged) {
-        step = run->next(&m_error);
+    while (run->next(&m_error) == SampleRun::Step::Judged) {
     }
-    QCOMPARE(step, SampleRun::Step::Failed);
     QVERIFY2(m_error.contains("line 7"), qPrintable(m_error));
     QCOMPARE(run->summary(), QString("5 rows, 3 OK, 2 not OK, pass rate 60.0 %"));
     QCOMPARE(run->totals(0).summary(), QString("3 in, 1 out, 1 without value"));
@@ -283,16 +269,9 @@ void tst_judgement::totals()
 // Of so many good and bad rows; 100 % means all, everything else is rounded to the nearest.
 void tst_judgement::passRate()
 {
-    auto configuration = configurationOf("%int0%:1:1:;");
-    bind(configuration, SUBSCRIBE_TYPE_IO, inputIo("int0"), "a");
-    for (const auto& [good, bad, rate] : {std::tuple(1, 0, "100.0"),
-                                          {0, 1, "0.0"},
-                                          {2, 1, "66.7"},
-                                          {1, 2, "33.3"},
-                                          {1, 15, "6.3"},
-                                          {3000, 1, "99.9"},
-                                          {1, 1999, "0.1"},
-                                          {1, 2000, "0.0"}}) {
+    const auto configuration = configurationOf("%int0%:1:1:;", {{"%int0%", "a"}});
+    for (const auto& [good, bad, rate] :
+         {std::tuple(3, 0, "100.0"), {0, 3, "0.0"}, {1, 15, "6.3"}, {3000, 1, "99.9"}, {1, 2000, "0.0"}}) {
         const auto run =
             open(configuration, "a\n" + QByteArray("1\n").repeated(good) + QByteArray("0\n").repeated(bad));
         while (run && run->next(&m_error) == SampleRun::Step::Judged) {
@@ -304,13 +283,9 @@ void tst_judgement::passRate()
 // In at most 15 digits, and the text of a line is the same whatever stood in the buffer before.
 void tst_judgement::resultRows()
 {
-    auto configuration = configurationOf("%int0%:1:9:;%float0%:0.100:1e300:;", "2");
-    bind(configuration, SUBSCRIBE_TYPE_IO, inputIo("int0"), "a");
-    bind(configuration, SUBSCRIBE_TYPE_IO, inputIo("float0"), "b");
     const auto run = open(
-        configuration,
+        configurationOf("%int0%:1:9:;%float0%:0.100:1e300:;", {{"%int0%", "a"}, {"%float0%", "b"}}, "2"),
         "a,b\n5,0.30000000000000004\n-0,1e-7\n10,12345678901234567890\nx,100000\n5,2.384185791015625e-07\n");
-    QVERIFY(run);
     const ResultCsv csv(*run);
     QByteArray text;
     csv.appendHeader(&text);
@@ -346,5 +321,60 @@ void tst_judgement::histogram()
     QCOMPARE(histogram.minimum(), *std::min_element(values.cbegin(), values.cend()));
 }
 
-QTEST_APPLESS_MAIN(tst_judgement)
+// SQLite judges every row, and all of them, as a run does.
+void tst_judgement::sql()
+{
+    const QString rows =
+        "0.1,0,0\n0.3,0.3,1\n0.30000000000000004,,-1\n,1,\n1e300,-1e300,2\n-0,0,-1\n5e-324,1,1\n"
+        "0.1,-123456.789,\n1,-123456.7895,1\n999999999,999999999,0\n0.09999999999999999,0,0";
+    const QByteArray table = "a,\"b \"\"c\"\"\",count\n" + rows.toUtf8();
+    auto database = QSqlDatabase::addDatabase("QSQLITE");
+    database.setDatabaseName(":memory:");
+    QVERIFY(database.open());
+    QSqlQuery query(R"(CREATE TABLE "the ""table" (a REAL, "b ""c""" REAL, count REAL))");
+    for (const QString& row : rows.split('\n')) {
+        const QString values = row.split(',').replaceInStrings(QRegularExpression("^$"), "NULL").join(',');
+        QVERIFY(query.exec(R"(INSERT INTO "the ""table" VALUES ()" + values + ')'));
+    }
+    const QString b = "b \"c\"";
+    const std::pair<QByteArray, QVector<Source>> lists[] = {
+        {"0", {}},
+        {"%float0%:0.1:0.3:;%int1%:-1:1:;%float2%:-123456.789:999999999:;",
+         {{"%float0%", "a"}, {"%int1%", "count"}, {"%float2%", b}}},
+        {"%float0%:1:0:;", {{"%float0%", "a"}}},
+        {"%float0%:-inf:0.3:;%float1%:0.3:inf:;%float2%:nan:1:;",
+         {{"%float0%", "a"}, {"%float1%", "a"}, {"%float2%", "a"}}},
+        {"%float0%:5:1:;%float1%:-1:0:;",
+         {{"%float0%", "a"}, {"%float0%Start", b}, {"%float1%", "", 0.25}, {"%float1%End", "a"}}},
+        {"%float0%:0:1:;%float1%:0:1:;", {{"%float1%", "a"}}},
+        {"%float0%:0:1:;", {{"%float0%", "a"}, {"%float0%Start", ""}}}};
+    for (const auto& [list, sources] : lists) {
+        for (const char* const mode : {"1", "2"}) {
+            const auto run = open(configurationOf(list, sources, mode), table);
+            QVERIFY2(run, qPrintable(m_error));
+            const int count = run->conditions().size();
+            QVERIFY2(query.exec(JudgementSql::rows(run->judgement(), "the \"table")), list);
+            while (run->next(&m_error) == SampleRun::Step::Judged) {
+                QVERIFY(query.next());
+                QCOMPARE(query.value("result").toString(), run->isOk() ? "OK" : "not OK");
+                for (int i = 0; i < count; ++i) {
+                    const QString name = run->conditions()[i].name;
+                    const auto outcome = int(run->results()[i].outcome);
+                    QCOMPARE(query.value(name).toString(), QStringList({"in", "out", "no value"})[outcome]);
+                }
+            }
+            QVERIFY(!query.next());
+            QVERIFY2(query.exec(JudgementSql::totals(run->judgement(), "the \"table")) && query.next(), list);
+            QVector<qint64> totals = {run->rows(), run->okRows(), run->rows() - run->okRows()};
+            for (int i = 0; i < count; ++i) {
+                totals << run->totals(i).in << run->totals(i).out << run->totals(i).noValue;
+            }
+            for (int i = 0; i < totals.size(); ++i) {
+                QCOMPARE(query.value(i).toLongLong(), totals[i]);
+            }
+        }
+    }
+}
+
+QTEST_GUILESS_MAIN(tst_judgement)
 #include "tst_judgement.moc"
