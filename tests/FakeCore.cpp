@@ -7,21 +7,6 @@
 
 using namespace ZelCore;
 
-namespace {
-
-CommandResult give(const QMap<QString, QByteArray>& from, const QString& key, ZEL_VALUE_CONTAINER__<char>& to)
-{
-    const auto found = from.constFind(key);
-    if (found == from.constEnd()) {
-        return {Failed, "no such parameter"};
-    }
-    to.CreateList(static_cast<UInt>(found->size() + 1));
-    std::copy_n(found->constData(), found->size() + 1, to.Items());
-    return Success;
-}
-
-} // namespace
-
 CommandResult FakeCore::Execute(ICommand& command)
 {
     const QString line = CommandText::of(command).line();
@@ -55,9 +40,23 @@ CommandResult FakeCore::apply(ICommand& command)
     const auto remove = [](auto& map, const QString& key) {
         return CommandResult(map.remove(key) != 0 ? Success : NothingChanged, "");
     };
+    const auto give = [&](const auto& from, const auto& condition, ZEL_VALUE_CONTAINER__<char>& to) {
+        const auto found = from.constFind(nameIn(condition.ParamName));
+        if (found == from.constEnd()) {
+            return CommandResult(Failed, "no such parameter");
+        }
+        to.CreateList(static_cast<UInt>(found->size() + 1));
+        std::copy_n(found->constData(), found->size() + 1, to.Items());
+        return CommandResult(Success);
+    };
 
     if (auto* const c = dynamic_cast<AddIOCommand*>(&command)) {
-        lastIo = *c->IOInfo;
+        // A core may write into what it is sent; the next command must not carry it.
+        if (c->IOInfo->Num() != 0) {
+            return {Failed, "sub-items"};
+        }
+        c->IOInfo->CreateList(2);
+        c->IOInfo->ExtraData.CanSubscribe = true;
         return Success;
     }
     if (auto* const c = dynamic_cast<SetRunParamCommand*>(&command)) {
@@ -77,20 +76,18 @@ CommandResult FakeCore::apply(ICommand& command)
         return remove(uiData, nameIn(c->ParamName));
     }
     if (auto* const c = dynamic_cast<QueryCommand<BINARY_DATA_CONDITION__, BINARY_DATA__>*>(&command)) {
-        return give(binaryData, nameIn(c->Condition->ParamName), *c->Result);
+        return give(binaryData, *c->Condition, *c->Result);
     }
     if (auto* const c = dynamic_cast<QueryCommand<RUN_PARAM_CONDITION__, KADO_MODULE_PARAM__>*>(&command)) {
-        const QString name = nameIn(c->Condition->ParamName);
-        if (!runParams.contains(name)) {
-            return {Failed, "no such parameter"};
-        }
+        BINARY_DATA__ text;
+        const CommandResult result = give(runParams, *c->Condition, text);
         FillText(c->Result->strParamName, c->Condition->ParamName);
-        FillText(c->Result->strParamValue, runParams[name].constData());
-        return Success;
+        FillText(c->Result->strParamValue, text.Num() == 0 ? "" : text.Items());
+        return result;
     }
     if (auto* const c =
             dynamic_cast<QueryCommand<UI_OBJECT_PARAM_INFO_CONDITION__, UI_OBJECT_PARAM_INFO__>*>(&command)) {
-        return give(uiData, nameIn(c->Condition->ParamName), *c->Result);
+        return give(uiData, *c->Condition, *c->Result);
     }
     if (auto* const c = dynamic_cast<QueryCommand<SUBSCRIBE_CONDITION__, SUBSCRIBE_TREE__>*>(&command)) {
         *c->Result = subscribeTree;

@@ -34,8 +34,6 @@ public:
     /// Sources that the flow no longer has.
     QStringList missingSources;
     ZelCore::SUBSCRIBE_TREE__ subscribeTree;
-    /// The record of the last AddIOCommand.
-    ZelCore::IO_INFO__ lastIo;
     /// The time-out of the last SetBinaryDataCommand in milliseconds.
     ZelCore::UInt lastTimeOut = 0;
 

@@ -29,59 +29,39 @@ class tst_condition : public QObject
     Q_OBJECT
 
 private slots:
-    void types_data();
     void types();
-    void lowestFreeName_data();
     void lowestFreeName();
     void sortingKeepsInconsistentNames();
     void writing();
-    void stored();
-    void reading_data();
     void reading();
     void menuOfATree();
 };
 
 // An int range wins for a name with both words, a float value for its menu.
-void tst_condition::types_data()
-{
-    QTest::addColumn<QString>("typeName");
-    QTest::addColumn<QString>("menuType");
-    QTest::newRow("int0") << "int"
-                          << "int";
-    QTest::newRow("float12") << "float"
-                             << "float";
-    QTest::newRow("intfloat") << "int"
-                              << "float";
-    QTest::newRow("Int0") << ""
-                          << "string";
-}
-
 void tst_condition::types()
 {
-    QFETCH(QString, typeName);
-    QFETCH(QString, menuType);
-    const QString name = QTest::currentDataTag();
-    QCOMPARE(typeWord(typeOf(name)), typeName);
+    const std::tuple<const char*, const char*, const char*> cases[] = {{"int0", "int", "int"},
+                                                                       {"float12", "float", "float"},
+                                                                       {"intfloat", "int", "float"},
+                                                                       {"Int0", "", "string"}};
     FakeCore core;
     core.fault = [](int, const QString&) { return CommandResult(NothingChanged); };
-    QVERIFY(!SubscribeMenu::query(7, name, "string"));
-    QCOMPARE(core.takeCommands(), QStringList("QuerySubscribeTree 7 range=1 types=1 " + menuType));
-}
-
-void tst_condition::lowestFreeName_data()
-{
-    QTest::addColumn<QString>("names");
-    QTest::newRow("int0") << "int1 int2";
-    QTest::newRow("int1") << "int0 int01";
-    QTest::newRow("int3") << "int10 int2 int0 int1";
-    QTest::newRow("float2") << "float1 float0 float11 float3";
+    for (const auto& [name, type, menuType] : cases) {
+        QCOMPARE(typeWord(typeOf(name)), QString(type));
+        QVERIFY(!SubscribeMenu::query(7, name, "string"));
+        QCOMPARE(core.takeCommands().join('|'), QString("QuerySubscribeTree 7 range=1 types=1 ") + menuType);
+    }
 }
 
 void tst_condition::lowestFreeName()
 {
-    QFETCH(QString, names);
-    const QString lowest = QTest::currentDataTag();
-    QCOMPARE(lowestFree(typeOf(lowest), sorted(names.split(' '))), lowest);
+    const std::pair<QString, QString> cases[] = {{"int0", "int1 int2"},
+                                                 {"int1", "int0 int01"},
+                                                 {"int3", "int10 int2 int0 int1"},
+                                                 {"float2", "float1 float0 float11 float3"}};
+    for (const auto& [lowest, names] : cases) {
+        QCOMPARE(lowestFree(typeOf(lowest), sorted(names.split(' '))), lowest);
+    }
 }
 
 // Each pair of these can be compared, but all together contradict each other.
@@ -108,42 +88,33 @@ void tst_condition::writing()
     QCOMPARE(text, QString("%int0%:1:2:x:y;z%;%float0%:0.500:2.250:;%int3%:-2:2:;%intfloat%:-1.000:2.000:;"
                            "%int0%:-2147483648:2147483647:;%int0%:0:1:;"));
     QCOMPARE(ConditionRecord::toText({}), QString("0"));
-}
-
-// As many bytes as the text has UTF-16 units: a pair counts twice, and a character may be cut.
-void tst_condition::stored()
-{
+    // As many bytes as the text has UTF-16 units: a pair counts twice, and a character may be cut.
     QCOMPARE(ConditionRecord::toStored("ä1孔2;").toHex(), QByteArray("c3a431e5ad"));
     QCOMPARE(ConditionRecord::toStored("😀12;"), QByteArray("\xf0\x9f\x98\x80\x31"));
 }
 
-void tst_condition::reading_data()
-{
-    QTest::addColumn<QStringList>("conditions");
-    const auto reads = [](const char* text, const QStringList& conditions) {
-        QTest::newRow(text) << conditions;
-    };
-    // Name, type, bounds, note; "?" where the maximum is no number.
-    reads("0", {});
-    reads(";;%int0%:0:100:a;;%float0%:0.500:2.250:;", {"int0 int 0 100 a", "float0 float 0.5 2.25 "});
-    reads("%int1%:0:100;%int0%:0:100:x:y;", {"int0 int 0 100 x"});
-    reads("%int0%:1.0:2:;%float0%:1:2:;", {"int0 float 1 2 ", "float0 int 1 2 "});
-    reads("%float0%:1:2.5:;%int1%:7:x:;", {"float0 int 1 0? ", "int1 int 7 0? "});
-    reads("%int0%:x:7:;%int0%:1:99999999999:;", {"int0 int 0 7 ", "int0 int 1 0? "});
-    reads("%%in%t0:1:2:%;:::;", {"int0 int 1 2 %", " int 0 0? "});
-}
-
 void tst_condition::reading()
 {
-    QFETCH(QStringList, conditions);
-    QStringList read;
-    for (const StoredCondition& c : StoredCondition::fromText(QTest::currentDataTag())) {
-        const QString maximum = QString::number(c.maximum) + (c.hasValidMaximum ? "" : "?");
-        read << QStringList(
-                    {c.name, c.isFloat ? "float" : "int", QString::number(c.minimum), maximum, c.note})
-                    .join(' ');
+    // Name, type, bounds, note; "?" where the maximum is no number.
+    const std::pair<const char*, QString> cases[] = {
+        {"0", ""},
+        {";;%int0%:0:100:a;;%float0%:0.500:2.250:;", "int0 int 0 100 a|float0 float 0.5 2.25 |"},
+        {"%int1%:0:100;%int0%:0:100:x:y;", "int0 int 0 100 x|"},
+        {"%int0%:1.0:2:;%float0%:1:2:;", "int0 float 1 2 |float0 int 1 2 |"},
+        {"%float0%:1:2.5:;%int1%:7:x:;", "float0 int 1 0? |int1 int 7 0? |"},
+        {"%int0%:x:7:;%int0%:1:99999999999:;", "int0 int 0 7 |int0 int 1 0? |"},
+        {"%%in%t0:1:2:%;:::;", "int0 int 1 2 %| int 0 0? |"}};
+    for (const auto& [text, conditions] : cases) {
+        QString read;
+        for (const StoredCondition& c : StoredCondition::fromText(text)) {
+            read += QString("%1 %2 %3 %4%5 %6|")
+                        .arg(c.name, c.isFloat ? "float" : "int")
+                        .arg(c.minimum)
+                        .arg(c.maximum)
+                        .arg(c.hasValidMaximum ? "" : "?", c.note);
+        }
+        QCOMPARE(read, conditions);
     }
-    QCOMPARE(read, conditions);
 }
 
 void tst_condition::menuOfATree()

@@ -51,7 +51,6 @@ private slots:
     void textsAreCut();
     void dataIsOwnedWhileItHasALength();
     void copiesAreDeep();
-    void aPartIsAssignedToItsOwner();
     void aContainerWithoutItemsIsEmpty();
 };
 
@@ -63,11 +62,9 @@ void tst_core_client::resolution()
     const auto byKey = [&] { return container.IntermalResolve<ICommandService, ServiceFunction>(key); };
     {
         FakeCore core;
-        QVERIFY(container.IsRegister(key.c_str()) && container.m_Constructors_Map.count(key) == 1);
-        QVERIFY(resolve() == &core && byKey() == &core);
+        QVERIFY(container.IsRegister(key.c_str()) && resolve() == &core && byKey() == &core);
         QCOMPARE((container.IntermalResolveNoKey<ICommandService, ServiceFunction>()), &core);
     }
-    QVERIFY(!container.m_IsBuild);
     QCOMPARE(thrownBy(resolve), QByteArray("Containar is not Build"));
     QCOMPARE(thrownBy(byKey), QByteArray("Containar is not Build"));
 
@@ -128,9 +125,7 @@ void tst_core_client::textsAreCut()
 {
     const QByteArray longText(2000, 'x');
     UInt length = 0;
-    QCOMPARE(TextOf(RUN_PARAM_CONDITION__(1, longText).ParamName).size(), 127u);
     QCOMPARE(TextOf(BINARY_DATA_CONDITION__(1, longText).ParamName).size(), 255u);
-    QCOMPARE(TextOf(SetBinaryDataCommand(1, longText, "", 0).ParamName).size(), 255u);
     QCOMPARE(TextOf(SetUIDataCommand(1, longText, "", length).ParamName).size(), 127u);
     QCOMPARE(TextOf(SetRunParamCommand(1, longText, longText).Val).size(), 511u);
     QCOMPARE(TextOf(CommandResult(Failed, longText).Message).size(), 1023u);
@@ -165,28 +160,21 @@ void tst_core_client::copiesAreDeep()
     SUBSCRIBE_TREE__ tree;
     tree.CreateList(2);
     tree.At(1).CreateList(3);
+    tree.At(1).At(2).ModuleID = 5;
+    tree.At(1).At(2).CreateList(4);
     FillText(tree.At(1).At(2).NodeName, "leaf");
+    FillText(tree.At(1).At(2).SubscribeName, "5.leaf");
     SUBSCRIBE_TREE__ copy(tree);
     FillText(tree.At(1).At(2).NodeName, "other");
     const auto& same = copy;
     copy = same;
-    QCOMPARE(copy.At(1).At(2).NodeName, "leaf");
+    // A part may be assigned to its owner.
+    SUBSCRIBE_NODE__& node = copy.At(1);
+    node = node.At(2);
+    QVERIFY(node.ModuleID == 5 && node.Num() == 4);
+    QVERIFY(TextOf(node.NodeName) == "leaf" && TextOf(node.SubscribeName) == "5.leaf");
     QVERIFY(thrownBy([&copy] { copy.At(2); }).contains("[2] of [2]"));
     QVERIFY(!thrownBy([&copy] { copy.At(-1); }).isEmpty());
-}
-
-void tst_core_client::aPartIsAssignedToItsOwner()
-{
-    SUBSCRIBE_NODE__ node;
-    node.CreateList(2);
-    node.At(1).ModuleID = 5;
-    FillText(node.At(1).NodeName, "name");
-    FillText(node.At(1).SubscribeName, "5.name");
-    node.At(1).CreateList(3);
-    node = node.At(1);
-    QVERIFY(node.Num() == 3 && node.ModuleID == 5);
-    QCOMPARE(node.NodeName, "name");
-    QCOMPARE(node.SubscribeName, "5.name");
 
     IO_INFO__ io;
     io.CreateList(2);
@@ -195,20 +183,18 @@ void tst_core_client::aPartIsAssignedToItsOwner()
     io.At(1).CreateList(3);
     io = io.At(1);
     QVERIFY(io.Num() == 3 && !io.ExtraData.CanSubscribe);
-    QCOMPARE(io.ParamName, "%int0%");
-    QCOMPARE(io.VauleType, "int");
+    QVERIFY(TextOf(io.ParamName) == "%int0%" && TextOf(io.VauleType) == "int");
 }
 
 void tst_core_client::aContainerWithoutItemsIsEmpty()
 {
     SUBSCRIBE_NODE__ node;
     node.m_Num = 3;
-    QCOMPARE(node.Num(), 0u);
-    QVERIFY(!thrownBy([&node] { node.At(0); }).isEmpty());
     SUBSCRIBE_NODE__ other;
     other.CreateList(2);
     other = node;
-    QVERIFY(!other.m_Items && other.m_Num == 0);
+    QVERIFY(node.Num() == 0 && !other.m_Items && other.m_Num == 0);
+    QVERIFY(!thrownBy([&node] { node.At(0); }).isEmpty());
     node.CreateList(0);
     QVERIFY(!node.m_Items && node.m_Num == 0);
     BINARY_DATA__ bytes;

@@ -24,10 +24,10 @@ struct Fixture : PanelFixture<QIfModuleMainView>
     QLineEdit* note() const { return at<QLineEdit>("m_ediNote"); }
     QPushButton* deleteButton(int row = 0) const { return at<QPushButton>("m_btnDelete", row); }
     ButtonSelecterView* input() const { return panel->findChildren<ButtonSelecterView*>(QString()).first(); }
-    void reload() const
+    void load() const
     {
-        QMetaObject::invokeMethod(panel, "on_btn_close_clicked");
-        panel->show();
+        QShowEvent event;
+        QApplication::sendEvent(panel, &event);
     }
     // Fails every command whose line begins so.
     void refuse(const QString& beginning)
@@ -53,22 +53,18 @@ private slots:
     void interface();
     void loads();
     void loadsDisturbNothing();
-    void failedLoads();
     void storedMode();
     void adding();
-    void addingWhenTheLogFails();
     void addedRowsAreInSight();
     void addingBeyondTheLimit();
     void hiding();
     void unknownTypeWord();
     void refusedBinding();
-    void deletingInAnyState();
     void keysInAHostsDialog();
     void wheelScrollsTheList();
     void losses();
     void dropDowns();
-    void sheets();
-    void images();
+    void resources();
 };
 
 void tst_panel::interface()
@@ -77,14 +73,15 @@ void tst_panel::interface()
     using Row = HorizontalControlIM;
     using Strip = RangeSelectControlIM;
     using Parse = void(SUBSCRIBE_NODE__&, QJsonObject&, int);
-    QVERIFY((exist<&Panel::InitUI, &Panel::InitConnect, &Panel::InitInstallFilter, &Panel::QueryIfModuleInfo,
-                   &Row::InitParent, &Row::InitObjectName, &Row::InitUI, &Row::InitConnect,
-                   &Row::QueryIfModuSubScribeInfo, &Strip::InitParent, &Strip::InitObjectName,
-                   &Strip::InitRange, &Strip::InitUI, &Strip::InitConnect, &Strip::InstallEventFilter,
-                   &Strip::QueryIfModuUIParamScribeInfo, static_cast<void (Row::*)(QString)>(&Row::DelIO),
-                   static_cast<void (Row::*)(QString)>(&Row::SetLabNote),
-                   static_cast<Parse Row::*>(&Row::ParseTreeNode),
-                   static_cast<Parse Strip::*>(&Strip::ParseTreeNode)>));
+    static_assert(
+        exist<&Panel::InitUI, &Panel::InitConnect, &Panel::InitInstallFilter, &Panel::QueryIfModuleInfo,
+              &Row::InitParent, &Row::InitObjectName, &Row::InitUI, &Row::InitConnect,
+              &Row::QueryIfModuSubScribeInfo, &Strip::InitParent, &Strip::InitObjectName, &Strip::InitRange,
+              &Strip::InitUI, &Strip::InitConnect, &Strip::InstallEventFilter,
+              &Strip::QueryIfModuUIParamScribeInfo, static_cast<void (Row::*)(QString)>(&Row::DelIO),
+              static_cast<void (Row::*)(QString)>(&Row::SetLabNote),
+              static_cast<Parse Row::*>(&Row::ParseTreeNode),
+              static_cast<Parse Strip::*>(&Strip::ParseTreeNode)>);
     QString declared;
     for (int i = Panel::staticMetaObject.methodOffset(); i < Panel::staticMetaObject.methodCount(); ++i) {
         declared += Panel::staticMetaObject.method(i).methodSignature() + ' ';
@@ -101,17 +98,26 @@ void tst_panel::loads()
     f.show("%int0%:0:100:a;%float0%:0.500:2.250:孔;");
     QCOMPARE(f.at<QDoubleSpinBox>("m_spbMaxPullBar")->maximum(), 999999999.0);
     QCOMPARE(f.at<QDoubleSpinBox>("m_spbMaxPullBar", 1)->maximum(), 100000.0);
+    const std::pair<const char*, QWidget*> columns[] = {
+        {"lab_name", f.at<QLabel>("m_labName")},
+        {"lab_note", f.note()},
+        {"lab_condition", f.input()},
+        {"lab_effectRange", f.panel->findChild<RangeSelectControlIM*>()}};
+    for (const auto& [heading, column] : columns) {
+        const auto* const label = f.at<QLabel>(heading);
+        QCOMPARE(label->mapTo(f.panel, QPoint()).x(), column->mapTo(f.panel, QPoint()).x());
+        QVERIFY2(label->width() >= column->width(), heading);
+    }
     // A focused note with unsaved text goes with its row and must not store half a list.
     typeInto(f.note(), "unsaved");
-    QShowEvent event;
-    QApplication::sendEvent(f.panel, &event);
+    f.load();
     QVERIFY(f.core.takeCommands().filter("Set").isEmpty() && f.rows() == 2);
     // A note is typed on at its end.
     QTest::keyClicks(f.note(), "bc");
     QCOMPARE(f.note()->text() + f.note()->toolTip(), QString("abcabc"));
     // More than the panel itself adds.
     f.core.binaryData["IFText"] = QByteArray("%int0%:1:2:;").repeated(200);
-    f.reload();
+    f.load();
     QVERIFY(f.rows() == 200 && f.deleteButton(199)->isVisible());
 }
 
@@ -126,90 +132,44 @@ void tst_panel::loadsDisturbNothing()
     for (QWidget* const focus : {f.panel->nextInFocusChain(), f.at<QWidget>("btn_add")}) {
         focus->setFocus();
         focusChanges.clear();
-        QShowEvent event;
-        QApplication::sendEvent(f.panel, &event);
+        f.load();
         QCOMPARE(focusChanges.count(), 0);
     }
-    auto* const list = f.at<QWidget>("widget_2");
-    list->hide();
-    f.reload();
-    QVERIFY(list->isHidden());
-    list->show();
-    QVERIFY(f.deleteButton()->isVisible());
-}
-
-void tst_panel::failedLoads()
-{
-    Fixture f;
-    f.core.runParams["LogicalMode"] = "2";
-    f.show("%int0%:0:100:a;");
-    f.core.runParams["LogicalMode"] = "1";
-    for (const QString query : {"QueryBinaryData 7 IFText", "QueryRunParam 7 LogicalMode"}) {
-        f.refuse(query);
-        f.reload();
-        QCOMPARE(f.core.takeCommands().last(), query);
-        QVERIFY(f.rows() == 1 && f.at<QComboBox>("cbox_determineType")->currentIndex() == 1);
-    }
+    f.at<QWidget>("widget_2")->hide();
+    f.panel->QueryIfModuleInfo();
+    QVERIFY(f.at<QWidget>("widget_2")->isHidden());
 }
 
 void tst_panel::storedMode()
 {
     Fixture f;
-    f.show();
+    f.show("%int0%:0:100:a;");
+    const auto index = [&f] { return f.at<QComboBox>("cbox_determineType")->currentIndex(); };
     for (const QByteArray stored : {"1", "2", " 1x", "0", "1", "", "abc"}) {
         f.core.runParams["LogicalMode"] = stored;
-        f.reload();
-        const bool isAll = stored.trimmed().startsWith('1');
-        QCOMPARE(f.at<QComboBox>("cbox_determineType")->currentIndex(), isAll ? 0 : 1);
+        f.load();
+        QCOMPARE(index(), stored.trimmed().startsWith('1') ? 0 : 1);
+    }
+    // A load that fails leaves the rows, or only the mode, as they are.
+    f.core.runParams["LogicalMode"] = "1";
+    for (const QString query : {"QueryBinaryData 7 IFText", "QueryRunParam 7 LogicalMode"}) {
+        f.refuse(query);
+        f.load();
+        QCOMPARE(f.core.takeCommands().last(), query);
+        QVERIFY(f.rows() == 1 && index() == 1);
     }
 }
 
-// A core that writes into the record that it is sent, and refuses one: the same record comes with all
-// commands, each time without sub-items, and none after the refused one.
+// No IO is asked for after one that was refused, and nothing is saved.
 void tst_panel::adding()
 {
-    struct WritingCore : FakeCore
-    {
-        CommandResult Execute(ICommand& command) override
-        {
-            if (auto* const c = dynamic_cast<AddIOCommand*>(&command)) {
-                IO_EXTRA_DATA& flags = c->IOInfo->ExtraData;
-                seen << QString("%1 %2%3").arg(c->IOInfo->Num()).arg(flags.CanSubscribe).arg(flags.IsPrefer);
-                c->IOInfo->CreateList(2);
-                std::swap(flags.CanSubscribe, flags.IsPrefer);
-                return seen.size() == refused ? Failed : Success;
-            }
-            return FakeCore::Execute(command);
-        }
-        QStringList seen;
-        int refused = 0;
-    };
-    for (int refused = 1; refused <= 5; ++refused) {
+    for (const QString io : {"%int0%", "%int0Out%", "%int0Min%", "%int0Max%"}) {
         Fixture f;
         f.show();
-        WritingCore core;
-        core.refused = refused;
+        f.refuse("AddIO 7 " + io);
         f.add("int");
-        QCOMPARE(core.seen, QStringList({"0 01", "0 00", "0 00", "0 00"}).mid(0, refused));
-        QVERIFY(f.rows() == 1 && core.lastTimeOut == (refused == 5 ? 5000 : 0));
+        QVERIFY(f.core.takeCommands().last().startsWith("AddIO 7 " + io) && f.rows() == 1);
     }
-}
-
-void tst_panel::addingWhenTheLogFails()
-{
-    Fixture f;
-    f.show();
-    auto* const handler =
-        qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& line) {
-            if (line.startsWith("m_mapIMHorControls")) {
-                throw ZelCommon::ZelException("the log is full");
-            }
-        });
-    QVERIFY_EXCEPTION_THROWN(f.panel->on_btn_add_clicked(), ZelCommon::ZelException);
-    qInstallMessageHandler(handler);
-    // What is registered is also there.
-    f.panel->onLogicValueChanged2SetParam();
-    QVERIFY(f.rows() == 1 && f.stored() == "%int0%:1:1000:;");
 }
 
 void tst_panel::addedRowsAreInSight()
@@ -218,7 +178,8 @@ void tst_panel::addedRowsAreInSight()
     f.show(QByteArray("%int0%:1:2:;").repeated(20));
     f.core.uiData["@%int1%Start"] = "True";
     f.add("int");
-    auto* const note = f.all<QLineEdit>("m_ediNote").last();
+    QCOMPARE(f.core.lastTimeOut, 5000u);
+    auto* const note = f.at<QLineEdit>("m_ediNote", 20);
     QVERIFY(!note->visibleRegion().isEmpty());
     // Tab leads to note, selector, bounds, switches, and delete.
     QString order;
@@ -239,29 +200,27 @@ void tst_panel::addingBeyondTheLimit()
     f.add("int");
     f.core.takeCommands();
     LogCapture log;
-    NextWarning warning;
-    f.add("float");
-    QCOMPARE(warning.text, QString("最多添加: 32"));
-    QVERIFY(warning.hasParent && f.core.takeCommands().isEmpty() && log.lines().isEmpty() && f.rows() == 32);
     // The panel goes while its warning is open.
-    NextWarning last([&f] { delete f.panel; });
-    f.add("int");
-    QVERIFY(!f.panel);
+    NextWarning warning([&f] { delete f.panel; });
+    f.add("float");
+    QVERIFY(warning.text == "最多添加: 32" && warning.hasParent && !f.panel);
+    QVERIFY(f.core.takeCommands().isEmpty() && log.lines().isEmpty());
 }
 
 void tst_panel::hiding()
 {
-    // Whether another field can take the focus: Qt finishes a field then, edited or not.
-    const std::tuple<bool, const char*, QString, QByteArray> cases[] = {
-        {false, "m_ediNote", "b", "%int0%:0:100:b;"},
-        {false, "m_ediNote", "b\r", {}},
-        {false, "m_ediNote", {}, {}},
-        {false, "m_spbMaxPullBar", "7", "%int0%:0:7:a;"},
-        {false, "m_spbMaxPullBar", "-7\r", {}},
-        {false, "m_spbMaxPullBar", "Up", "%int0%:0:101:a;"},
-        {true, "m_ediNote", "b", "%int0%:0:100:b;"},
-        {true, "m_ediNote", {}, "%int0%:0:100:a;"},
-        {true, "btn_add", {}, {}}};
+    // Whether another field can take the focus: Qt finishes a field then, edited or not. Where, what is
+    // typed, and what is saved.
+    const std::tuple<bool, const char*, QString, QString> cases[] = {
+        {false, "m_ediNote", "b", "0:100:b"},
+        {false, "m_ediNote", "b\r", ""},
+        {false, "m_ediNote", "", ""},
+        {false, "m_spbMaxPullBar", "7", "0:7:a"},
+        {false, "m_spbMaxPullBar", "-7\r", ""},
+        {false, "m_spbMaxPullBar", "Up", "0:101:a"},
+        {true, "m_ediNote", "b", "0:100:b"},
+        {true, "m_ediNote", "", "0:100:a"},
+        {true, "btn_add", "", ""}};
     for (const auto& [hasField, edited, keys, saved] : cases) {
         Fixture f;
         QWidget* const field = hasField ? f.addField("") : nullptr;
@@ -274,9 +233,9 @@ void tst_panel::hiding()
             typeInto(widget, keys);
         }
         f.core.takeCommands();
-        f.panel->hide();
+        f.panel->on_btn_close_clicked();
         QCOMPARE(f.core.takeCommands().join(' '),
-                 QString(saved.isEmpty() ? "" : "SetBinaryData 7 IFText=" + saved));
+                 saved.isEmpty() ? "" : "SetBinaryData 7 IFText=%int0%:" + saved + ';');
         QCOMPARE(QApplication::focusWidget(), hasField ? field : widget);
     }
     Fixture f;
@@ -295,38 +254,18 @@ void tst_panel::unknownTypeWord()
     f.add("bool");
     QVERIFY(f.core.takeCommands().contains("AddIO 7 %% class=1 type= flags=01110101111"));
     QCOMPARE(f.stored(), QByteArray("%%:0:0:;"));
-    f.panel->hide();
-    f.deleteButton()->click();
-    QCOMPARE(f.stored(), QByteArray("0"));
 }
 
+// The tour shows a binding that is refused. Here the row goes while its warning is open.
 void tst_panel::refusedBinding()
 {
     Fixture f;
-    f.core.bindings["1/%int0%"] = "5.Count";
     f.show("%int0%:0:100:a;");
     f.refuse("SetFilterSource");
-    f.input()->SetEdiSubscribeText("9.Refused");
-    NextWarning warning;
+    NextWarning warning([&f] { f.deleteButton()->click(); });
     emit f.input()->sigEdiSubscribeInfoChanged("9.Refused");
     QVERIFY(warning.text == "未找到绑定数据" && !warning.hasParent);
-    QCOMPARE(f.core.takeCommands(),
-             QStringList({"SetFilterSource 7 1/%int0%=9.Refused", "GetFilterSource 7 1/%int0%"}));
-    // The row goes while its warning is open.
-    NextWarning last([&f] { f.deleteButton()->click(); });
-    emit f.input()->sigEdiSubscribeInfoChanged("9.Refused");
     QCOMPARE(f.stored(), QByteArray("0"));
-}
-
-void tst_panel::deletingInAnyState()
-{
-    Fixture f;
-    f.show("%int0%:1:2:a;%int1%:3:4:b;");
-    QTest::mouseClick(f.at<QDoubleSpinBox>("m_spbMinPullBar")->findChild<QLineEdit*>(), Qt::LeftButton);
-    typeInto(f.note(), "unsaved");
-    f.input()->findChild<QToolButton*>()->click();
-    QTest::mouseClick(f.deleteButton(), Qt::LeftButton);
-    QCOMPARE(f.stored(), QByteArray("%int1%:3:4:b;"));
 }
 
 void tst_panel::keysInAHostsDialog()
@@ -338,21 +277,19 @@ void tst_panel::keysInAHostsDialog()
     dialog.show();
     QVERIFY(QTest::qWaitForWindowActive(&dialog));
     f.core.takeCommands();
-    for (const char* const name :
-         {"m_ediNote", "m_spbMaxPullBar", "m_btnMinSwitch", "m_btnDelete", "btn_add"}) {
-        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
-            f.at<QWidget>(name)->setFocus();
-            QTest::keyClick(f.at<QWidget>(name), key);
-            QTest::keyClick(f.at<QWidget>("m_spbMaxPullBar"), Qt::Key_Escape);
+    for (const char* const name : {"m_ediNote", "m_spbMaxPullBar", "m_btnMinSwitch", "btn_add"}) {
+        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape}) {
+            auto* const widget = f.at<QWidget>(key == Qt::Key_Escape ? "m_spbMaxPullBar" : name);
+            widget->setFocus();
+            QTest::keyClick(widget, key);
         }
     }
     // Return in a field, and leaving it, save what stands there, and nothing else happens.
     QStringList commands = f.core.takeCommands();
     commands.removeDuplicates();
     QCOMPARE(commands, QStringList("SetBinaryData 7 IFText=%int0%:1:2:a;"));
-    QVERIFY(f.deleteButton()->isVisible());
     for (const auto* const button : f.panel->findChildren<QPushButton*>()) {
-        QVERIFY2(!button->autoDefault(), qPrintable(button->objectName()));
+        QVERIFY2(button->isVisible() && !button->autoDefault(), qPrintable(button->objectName()));
     }
 }
 
@@ -387,7 +324,6 @@ void tst_panel::losses()
         return f.note()->actions().isEmpty() ? "" : f.note()->actions().first()->toolTip();
     };
     const std::pair<QString, QString> cases[] = {
-        {"plain", ""},
         {"孔", "保存时末尾丢失的字节数：2"},
         {"é孔\U0001F529", "保存时末尾丢失的字节数：5\n不再恢复的条件：int2"},
         {"孔孔孔孔孔孔孔孔孔孔", "保存时末尾丢失的字节数：20\n不再恢复的条件：int1, int2"},
@@ -398,9 +334,8 @@ void tst_panel::losses()
         typeInto(f.note(), text);
         QCOMPARE(warning(), expected);
         QVERIFY(f.at<QLineEdit>("m_ediNote", 1)->actions().isEmpty() && f.note()->hasFocus());
-        QCOMPARE(f.note()->size(), QSize(100, 30));
     }
-    QCOMPARE(f.core.takeCommands(), QStringList());
+    QVERIFY(f.core.takeCommands().isEmpty() && f.note()->size() == QSize(100, 30));
     typeInto(f.note(), "孔孔孔孔");
     f.deleteButton(2)->click();
     f.deleteButton(1)->click();
@@ -419,7 +354,7 @@ void tst_panel::dropDowns()
     }
 }
 
-void tst_panel::sheets()
+void tst_panel::resources()
 {
     QString sheets;
     for (const QString name : {"HorizontalControlIM", "QIfModuleMainView"}) {
@@ -445,23 +380,18 @@ void tst_panel::sheets()
         QVERIFY2(sheets.contains(rule), rule);
     }
     // Every image that a rule names is in the bundle.
-    const auto parts = sheets.split("url(").mid(1);
-    for (const QString& part : parts) {
+    for (const QString& part : sheets.split("url(").mid(1)) {
         QVERIFY2(QFile::exists(part.section(')', 0, 0)), qPrintable(part));
     }
-}
-
-void tst_panel::images()
-{
-    QString found;
+    QString images;
     for (const QFileInfo& file : QDir(":/img_im/ImageResource").entryInfoList(QDir::Files, QDir::Name)) {
         const QImage image(file.filePath());
-        found += QString("%1 %2x%3 ").arg(file.baseName()).arg(image.width()).arg(image.height());
+        images += QString("%1 %2x%3 ").arg(file.baseName()).arg(image.width()).arg(image.height());
         QVERIFY2(image.format() == QImage::Format_ARGB32, qPrintable(file.baseName()));
         QCOMPARE(QResource(file.filePath()).compressionAlgorithm(), QResource::NoCompression);
     }
     QCOMPARE(
-        found,
+        images,
         QString("combo_ic_down_click 20x16 combo_ic_down_normal 20x16 combo_ic_top_click 20x16 "
                 "combo_ic_top_normal 20x16 combo_ic_triangle_click 16x16 combo_ic_triangle_normal 16x16 "
                 "ic_add_highlight 20x20 ic_add_normal 20x20 ic_btn_editswitch_click 26x26 "

@@ -6,10 +6,19 @@
 #include <QLocale>
 #include <QScopeGuard>
 #include <QSignalSpy>
+#include <QTemporaryFile>
+
+#include <unistd.h>
+
+#include <cstdio>
 
 namespace {
 
 using Strip = RangeSelectControlIM;
+
+const QString editSheet =
+    QStringLiteral("background-image: url(:/img_im/ImageResource/ic_btn_editswitch_normal.png);");
+const QString linkSheet = QString(editSheet).replace("edit", "link");
 
 // The strip of a new condition, int0: 1 to 1000, with nothing accepted yet.
 struct StripFixture : PanelFixture<QIfModuleMainView>
@@ -49,29 +58,54 @@ private slots:
     void longBoundsFit();
     void sliderMoves();
     void sliderOpensAndCloses();
-    void switching();
 };
 
 void tst_range_select::construction()
 {
     FakeCore core;
+    LogCapture log; // which the test's own output has otherwise
     for (const QByteArray source : {"True", "true", "False", ""}) {
-        core.uiData = {{"@%int0%End", source}, {"@%int0%Start", "False"}};
+        core.uiData = {{"@%int0%Start", source}, {"@%int0%End", source}};
+        core.bindings = {{"0/%int0%End", "5.Count"}};
+        const bool isSubscribed = source == "True";
+        QTemporaryFile output;
+        QVERIFY(output.open());
+        std::fflush(stdout);
+        const int standardOutput = dup(STDOUT_FILENO);
+        dup2(output.handle(), STDOUT_FILENO);
         Strip strip(7, 0, 100, "int0", nullptr);
+        emit strip.GetBsvMaxNumSubscribe()->sigEdiSubscribeInfoChanged("5.Mean");
+        std::fflush(stdout);
+        dup2(standardOutput, STDOUT_FILENO);
+        close(standardOutput);
+        output.seek(0);
+        QCOMPARE(output.readAll(),
+                 "\n***\nstrUIName=@%int0%Start item=" + source + "\n***\n" +
+                     (isSubscribed ? "get in true 259" : "") + "\n***\nstrUIName=@%int0%End item=" + source +
+                     "\n***\n" + (isSubscribed ? "\nget in true 287=5.Count\n" : "") +
+                     "\n[onSubscribeValueChanged2SetParam]: objectName=[m_bsvMaxNumSubscribe], "
+                     "info=[5.Mean]\n");
         QVERIFY(strip.size() == QSize(230, 30) && (strip.windowFlags() & Qt::FramelessWindowHint));
-        QString order;
-        for (int i = 0; i < strip.layout()->count(); ++i) {
-            const QWidget* const widget = strip.layout()->itemAt(i)->widget();
-            const QSize size = widget->maximumSize();
-            order += widget->isHidden()
-                         ? QString()
-                         : widget->objectName() + QString(" %1x%2 ").arg(size.width()).arg(size.height());
+        // As restored, where no switch has another look yet, and after both switches.
+        for (const bool isSwitched : {false, true}) {
+            QString shown;
+            for (int i = 0; i < strip.layout()->count(); ++i) {
+                const QWidget* const widget = strip.layout()->itemAt(i)->widget();
+                const QSize size = widget->maximumSize();
+                shown += widget->isHidden()
+                             ? QString()
+                             : widget->objectName() + QString(" %1x%2 ").arg(size.width()).arg(size.height());
+            }
+            const bool isConstant = isSubscribed == isSwitched;
+            QCOMPARE(shown, QString("m_%1Min%2 80x30 m_btnMinSwitch 30x30 m_btnLine 10x1 m_%1Max%2 80x30 "
+                                    "m_btnMaxSwitch 30x30 ")
+                                .arg(isConstant ? "spb" : "bsv", isConstant ? "PullBar" : "NumSubscribe"));
+            for (const char* const name : {"m_btnMinSwitch", "m_btnMaxSwitch"}) {
+                auto* const button = strip.findChild<QPushButton*>(name);
+                QCOMPARE(button->styleSheet(), !isConstant ? editSheet : isSwitched ? linkSheet : "");
+                button->click();
+            }
         }
-        QCOMPARE(
-            order,
-            QString(
-                "m_spbMinPullBar 80x30 m_btnMinSwitch 30x30 m_btnLine 10x1 %1 80x30 m_btnMaxSwitch 30x30 ")
-                .arg(source == "True" ? "m_bsvMaxNumSubscribe" : "m_spbMaxPullBar"));
         strip.SetRange(0, 10);
         QCOMPARE(strip.GetCurrentMaxD(), 10.0);
         QCOMPARE(strip.GetMaxRange(), 100);
@@ -131,30 +165,19 @@ void tst_range_select::acceptedValues()
         }
         set(*f.strip());
         QCOMPARE(f.shown(), shown);
-        f.strip()->SetCurrentMin(3);
-        f.strip()->SetCurrentMax(4);
-        QCOMPARE(f.strip()->GetCurrentMin(), 3);
-        typeInto(f.lower(), "5");
-        QTest::keyClick(f.lower(), Qt::Key_Return);
-        QCOMPARE(f.shown(), QString("3.000 4.000"));
     }
 }
 
 void tst_range_select::longBoundsFit()
 {
     StripFixture f;
-    const auto width = [&f] { return f.edit()->fontMetrics().horizontalAdvance(f.edit()->text()); };
-    const std::function<void()> changes[] = {
-        [&f] { f.strip()->SetCurrentMinD(23328824); },
-        [&f] { emit f.slider()->sigRangeSliderChange(23328824, 23328825); },
-        [&f] { typeInto(f.lower(), "23328824"), f.upper()->setFocus(); }};
-    for (const auto& change : changes) {
+    for (const bool isTyped : {false, true}) {
         f.strip()->SetCurrentMin(0);
-        QVERIFY(width() < 40);
-        change();
-        QVERIFY2(f.edit()->text() == "23328824.000" && width() <= f.edit()->width() - 4,
+        isTyped ? typeInto(f.lower(), "23328824") : emit f.slider()->sigRangeSliderChange(23328824, 23328825);
+        f.upper()->setFocus();
+        QVERIFY2(f.edit()->fontMetrics().horizontalAdvance("23328824.000") <= f.edit()->width() - 4,
                  "a bound is cut off");
-        QCOMPARE(f.lower()->toolTip(), QString("23328824.000"));
+        QCOMPARE(f.edit()->text() + f.lower()->toolTip(), QString("23328824.00023328824.000"));
     }
     // What does not fit even so ends in an ellipsis.
     f.strip()->SetCurrentMin(-999999999);
@@ -183,50 +206,58 @@ void tst_range_select::sliderMoves()
              QStringList("[RangeSelectControlIM]: onRangeSliderLowerValueChanged start. value=[3]"));
     f.lower()->setValue(5);
     f.strip()->onRangeEditFinish();
-    QCOMPARE(f.shown(), QString("3.000 4.000"));
+    QVERIFY(f.shown() == "3.000 4.000" && f.strip()->GetCurrentMin() == 3 && f.strip()->GetCurrentMax() == 4);
+    f.strip()->SetCurrentMin(6);
+    f.strip()->SetCurrentMax(7);
+    f.lower()->setValue(8);
+    f.strip()->onRangeEditFinish();
+    QCOMPARE(f.shown(), QString("6.000 7.000"));
 }
 
 void tst_range_select::sliderOpensAndCloses()
 {
-    StripFixture f;
-    QVERIFY(!f.slider()->isVisible());
-    const QMouseEvent press(QEvent::MouseButtonPress, {}, Qt::LeftButton, Qt::LeftButton, {});
-    for (const QEvent::Type type : {press.type(), QEvent::LayoutRequest, QEvent::Hide, QEvent::KeyPress}) {
-        for (const auto* const spinBox : {f.lower(), f.lower(), f.upper()}) {
+    const auto send = [](QWidget* widget, QEvent::Type type) {
+        QMouseEvent mouse(type, {}, Qt::LeftButton, Qt::LeftButton, {});
+        QWheelEvent wheel({}, {}, {}, {0, -120}, {}, {}, Qt::NoScrollPhase, false);
+        QEvent other(type);
+        QApplication::sendEvent(widget, type == QEvent::MouseButtonPress ? &mouse
+                                        : type == QEvent::Wheel          ? &wheel
+                                                                         : &other);
+    };
+    // What is done while the slider (first) or a field has the focus, whether it closes the slider, and
+    // whether it finishes the field's edit.
+    using F = StripFixture;
+    const std::tuple<const char*, bool, std::function<void(F&)>, bool, bool> actions[] = {
+        {"press", true, [&](F& f) { send(&f.window, QEvent::MouseButtonPress); }, true, false},
+        {"layout", true, [&](F& f) { send(&f.window, QEvent::LayoutRequest); }, true, false},
+        {"hide", true, [&](F& f) { send(&f.window, QEvent::Hide); }, true, false},
+        {"Escape in the slider", true, [](F& f) { QTest::keyClick(f.slider(), Qt::Key_Escape); }, true,
+         false},
+        {"focus elsewhere", false, [](F& f) { f.at<QWidget>("m_ediNote")->setFocus(); }, true, true},
+        {"focus in the other field", false, [](F& f) { f.upper()->setFocus(); }, false, true},
+        {"Escape", false, [](F& f) { QTest::keyClick(f.lower(), Qt::Key_Escape); }, true, false},
+        {"another key", false, [](F& f) { QTest::keyClick(f.lower(), Qt::Key_1); }, false, false},
+        {"wheel beside", false, [&](F& f) { send(f.at<QWidget>("widget_2"), QEvent::Wheel); }, true, false},
+        {"wheel in the slider", false, [&](F& f) { send(f.slider(), QEvent::Wheel); }, false, false},
+        {"the list moves", false, [](F& f) { f.at<QWidget>("widget_2")->move(0, -30); }, true, false},
+        {"the window moves", false, [](F& f) { f.window.move(50, 50); }, false, false}};
+    for (const auto& [what, isInSlider, act, isClosed, isFinished] : actions) {
+        StripFixture f;
+        for (const auto* const spinBox : {f.upper(), f.lower(), f.lower()}) {
             QTest::mouseClick(spinBox->findChild<QLineEdit*>(), Qt::LeftButton);
             QVERIFY(f.slider()->isVisible());
         }
         QCOMPARE(f.slider()->geometry(), QRect(f.lower()->mapToGlobal(QPoint(0, 30)), QSize(230, 25)));
-        QTest::mouseClick(f.slider(), Qt::LeftButton);
-        QApplication::setActiveWindow(f.slider()); // as a window manager does at the click
-        QVERIFY(f.slider()->hasFocus());
+        if (isInSlider) {
+            QTest::mouseClick(f.slider(), Qt::LeftButton);
+            QApplication::setActiveWindow(f.slider()); // as a window manager does at the click
+        }
+        QCOMPARE(QApplication::focusWidget(), isInSlider ? f.slider() : static_cast<QWidget*>(f.lower()));
         f.core.takeCommands();
-        if (type == QEvent::KeyPress) {
-            QTest::keyClick(f.slider(), Qt::Key_Escape);
-        }
-        for (int i = 0; i < 2 && type != QEvent::KeyPress; ++i) {
-            QMouseEvent mouse(press);
-            QEvent other(type);
-            QApplication::sendEvent(&f.window, type == press.type() ? &mouse : &other);
-        }
-        QVERIFY(!f.slider()->isVisible());
-        QCOMPARE(f.core.takeCommands().size(), 1);
-    }
-}
-
-void tst_range_select::switching()
-{
-    StripFixture f;
-    for (const QByteArray side : {"Min", "Max"}) {
-        auto* const button = f.at<QPushButton>("m_btn" + side + "Switch");
-        for (const bool isSubscribed : {true, false}) {
-            button->click();
-            QCOMPARE(f.at<QWidget>("m_spb" + side + "PullBar")->isHidden(), isSubscribed);
-            QCOMPARE(f.at<QWidget>("m_bsv" + side + "NumSubscribe")->isHidden(), !isSubscribed);
-            QCOMPARE(button->styleSheet(),
-                     QString("background-image: url(:/img_im/ImageResource/ic_btn_%1switch_normal.png);")
-                         .arg(isSubscribed ? "edit" : "link"));
-        }
+        act(f);
+        QVERIFY2(f.slider()->isVisible() != isClosed, what);
+        QVERIFY2(f.lower()->hasFocus() != isFinished || isInSlider, what);
+        QVERIFY2(f.core.takeCommands().size() == int(isClosed) + int(isFinished), what);
     }
 }
 

@@ -6,18 +6,10 @@
 #include <QtWidgets>
 
 #include <cmath>
-#include <functional>
 
 using Bounds = std::pair<int, int>;
 
 namespace {
-
-void sendWheel(QWidget& widget, const QPoint& place, int angle, Qt::KeyboardModifiers modifiers = {})
-{
-    QWheelEvent event(place, widget.mapToGlobal(place), {}, {0, angle}, Qt::NoButton, modifiers,
-                      Qt::NoScrollPhase, false);
-    QApplication::sendEvent(&widget, &event);
-}
 
 // A slider, shown.
 struct SliderFixture
@@ -42,6 +34,11 @@ struct SliderFixture
         QMouseEvent event(QEvent::MouseMove, place, Qt::NoButton, buttons, {});
         QApplication::sendEvent(&view, &event);
     }
+    void wheel(double position, int angle, Qt::KeyboardModifiers modifiers = {})
+    {
+        QWheelEvent event(at(position), {}, {}, {0, angle}, {}, modifiers, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&view, &event);
+    }
     Bounds moved() const
     {
         const QVariantList last = changes.value(changes.size() - 1);
@@ -50,39 +47,6 @@ struct SliderFixture
 
     QmlRangeSliderView view;
     QSignalSpy changes{&view, &QmlRangeSliderView::sigRangeSliderChange};
-};
-
-// A slider that opened for the first of two fields in a list. Its owner hides it when it is deactivated while
-// neither field has the focus.
-struct OwnedSlider : QObject
-{
-    OwnedSlider()
-    {
-        window.resize(300, 200);
-        list->resize(300, 100);
-        view.installEventFilter(this);
-        window.show();
-        QApplication::setActiveWindow(&window);
-        first->setFocus();
-        view.show();
-    }
-    bool eventFilter(QObject*, QEvent* event) override
-    {
-        if (event->type() == QEvent::WindowDeactivate && !first->hasFocus() && !second->hasFocus()) {
-            ++closings;
-            view.hide();
-        }
-        return false;
-    }
-
-    QWidget window;
-    QWidget* list = new QWidget(&window);
-    QWidget* fields = new QWidget(list);
-    QDoubleSpinBox* first = new QDoubleSpinBox(fields);
-    QDoubleSpinBox* second = new QDoubleSpinBox(fields);
-    QLineEdit* other = new QLineEdit(&window);
-    QmlRangeSliderView view;
-    int closings = 0;
 };
 
 } // namespace
@@ -96,8 +60,7 @@ private slots:
     void scale();
     void handles();
     void pressWhileBoundsAreTold();
-    void keysAndWheel();
-    void closes();
+    void wheel();
 };
 
 void tst_range_slider::withoutItsScene()
@@ -109,20 +72,17 @@ void tst_range_slider::withoutItsScene()
     broken.close();
     qputenv("QML2_IMPORT_PATH", modules.path().toLocal8Bit());
     // An engine costs megabytes: none before one is shown, then one for all.
-    QmlRangeSliderView hidden;
-    hidden.SetRange(0, 10);
+    const QmlRangeSliderView hidden;
     QVERIFY(hidden.findChildren<QObject*>().isEmpty() && !qApp->findChild<QQmlEngine*>());
     LogCapture log;
     for (int i = 0; i < 2; ++i) {
         SliderFixture f(0, 100, 20, 80);
         QTest::mouseClick(f.view.windowHandle(), Qt::LeftButton, {}, f.at(0.0));
-        sendWheel(f.view, f.at(0.5), 120);
+        f.wheel(0.5, 120);
         QTest::keyClick(f.view.windowHandle(), Qt::Key_Right);
-        QVERIFY(f.changes.isEmpty());
-        QVERIFY(f.view.findChild<QLabel*>() && !f.view.findChild<QLabel*>()->text().isEmpty());
+        QVERIFY(f.changes.isEmpty() && !f.view.findChild<QLabel*>()->text().isEmpty());
     }
-    QCOMPARE(log.warnings().size(), 1);
-    QCOMPARE(qApp->findChildren<QQmlEngine*>().size(), 1);
+    QVERIFY(log.warnings().size() == 1 && qApp->findChildren<QQmlEngine*>().size() == 1);
     qunsetenv("QML2_IMPORT_PATH");
     delete qApp->findChild<QQmlEngine*>();
 }
@@ -145,8 +105,7 @@ void tst_range_slider::scale()
         QVERIFY(scale.positionOf(sectionMax) - scale.positionOf(sectionMin) > 0.7 || min == max);
         // Every value has its place, and they are in order.
         double before = 0.0;
-        const int low = qMin(min, max);
-        const int high = qMax(min, max);
+        const auto& [low, high] = std::minmax(min, max);
         for (const int value : {low, qMax(low, sectionMin - 1), sectionMin, sectionMax, high}) {
             const double position = scale.positionOf(value);
             QVERIFY(position >= before && position <= 1.0);
@@ -175,12 +134,10 @@ void tst_range_slider::handles()
     // The bounds told, where they are pressed and dragged to, steps after that, and the new bounds.
     const std::tuple<const char*, double, double, double, double, int, Bounds> cases[] = {
         {"lower", 20, 80, 0.2, 0.3, 0, {30, 80}},
-        {"upper", 20, 80, 0.8, 0.7, 0, {20, 70}},
         {"a handle keeps its distance to the finger", 20, 80, 0.81, 0.71, 0, {20, 70}},
         {"lower stops at upper", 20, 80, 0.2, 0.9, 0, {80, 80}},
         {"upper stops at lower", 20, 80, 0.8, 0.1, 0, {20, 20}},
         {"beside the handles the nearer one comes", 20, 80, 0.05, 0.05, 0, {5, 80}},
-        {"beyond the upper one", 20, 80, 0.95, 0.95, 0, {20, 95}},
         {"the middle moves both", 20, 80, 0.5, 0.55, 0, {25, 85}},
         {"the middle stops at the end", 20, 80, 0.5, 1.0, 0, {40, 100}},
         {"one place, to the left", 50, 50, 0.5, 0.4, 0, {40, 50}},
@@ -242,57 +199,22 @@ void tst_range_slider::pressWhileBoundsAreTold()
     }
 }
 
-void tst_range_slider::keysAndWheel()
+// The wheel moves the handle under the pointer, in whole notches.
+void tst_range_slider::wheel()
 {
     SliderFixture f(-999999999, 999999999, 1, 1000);
-    const std::tuple<Qt::Key, Qt::KeyboardModifiers, Bounds> keys[] = {
-        {Qt::Key_Right, Qt::NoModifier, {1, 1001}},
-        {Qt::Key_Down, Qt::ShiftModifier, {1, 991}},
-        {Qt::Key_Tab, Qt::NoModifier, {1, 991}},
-        {Qt::Key_Left, Qt::NoModifier, {0, 991}}};
-    for (const auto& [key, modifiers, bounds] : keys) {
-        QTest::keyClick(&f.view, key, modifiers);
-        QCOMPARE(f.moved(), bounds);
-    }
-    // The wheel moves the handle under the pointer, in whole notches.
-    const std::tuple<double, int, Qt::KeyboardModifiers, Bounds> turns[] = {
-        {1.0, 60, Qt::NoModifier, {0, 991}},
-        {1.0, 60, Qt::NoModifier, {0, 992}},
-        {0.0, -120, Qt::ShiftModifier, {-10, 992}}};
-    for (const auto& [position, angle, modifiers, bounds] : turns) {
-        sendWheel(f.view, f.at(position), angle, modifiers);
-        QCOMPARE(f.moved(), bounds);
-    }
-    const int count = f.changes.count();
-    f.tell(-10, 5.0);
-    QTest::keyClick(&f.view, Qt::Key_Escape);
-    QVERIFY(!f.view.isVisible());
-    QCOMPARE(f.changes.count(), count);
+    f.wheel(1.0, 60);
+    QVERIFY(f.changes.isEmpty());
+    f.wheel(1.0, 60);
+    QCOMPARE(f.moved(), Bounds(1, 1001));
+    f.wheel(0.0, -120, Qt::ShiftModifier);
+    QCOMPARE(f.moved(), Bounds(-9, 1001));
     // Opened again it shows -30 to 20.
+    f.tell(-10, 5.0);
+    f.view.hide();
     f.view.show();
     QTest::mouseClick(&f.view, Qt::LeftButton, {}, f.at(0.88));
     QCOMPARE(f.moved(), Bounds(-10, 20));
-}
-
-void tst_range_slider::closes()
-{
-    const std::tuple<const char*, std::function<void(OwnedSlider&)>, bool, bool> actions[] = {
-        {"focus elsewhere", [](OwnedSlider& o) { o.other->setFocus(); }, true, true},
-        {"focus in the other field", [](OwnedSlider& o) { o.second->setFocus(); }, false, true},
-        {"Escape", [](OwnedSlider& o) { QTest::keyClick(o.first, Qt::Key_Escape); }, true, false},
-        {"another key", [](OwnedSlider& o) { QTest::keyClick(o.first, Qt::Key_1); }, false, false},
-        {"wheel beside", [](OwnedSlider& o) { sendWheel(*o.list, {}, -120); }, true, false},
-        {"wheel in the slider", [](OwnedSlider& o) { sendWheel(o.view, {}, -120); }, false, false},
-        {"the list moves", [](OwnedSlider& o) { o.list->move(0, -30); }, true, false},
-        {"the window moves", [](OwnedSlider& o) { o.window.move(50, 50); }, false, false}};
-    for (const auto& [what, act, isClosed, isFieldLeft] : actions) {
-        OwnedSlider o;
-        QVERIFY(o.first->hasFocus() && o.view.isVisible());
-        QSignalSpy finished(o.first, &QDoubleSpinBox::editingFinished);
-        act(o);
-        QVERIFY2(o.closings == int(isClosed) && o.view.isVisible() != isClosed, what);
-        QVERIFY2(o.first->hasFocus() != isFieldLeft && finished.count() == int(isFieldLeft), what);
-    }
 }
 
 QTEST_MAIN(tst_range_slider)
