@@ -18,6 +18,7 @@
 #include <QListView>
 #include <QScopeGuard>
 
+#include <algorithm>
 #include <new>
 #include <utility>
 
@@ -27,6 +28,17 @@ namespace {
 
 constexpr int maximumConditions = 32;
 constexpr UInt saveTimeOut = 5000; // ms
+
+// Whether a note makes the record shorter than its text, and whether it is cut itself when it is read.
+bool costsBytes(const QString& note)
+{
+    return note.toUtf8().size() > note.size();
+}
+
+bool isCut(const QString& note)
+{
+    return note.contains(QLatin1Char(':')) || note.contains(QLatin1Char(';'));
+}
 
 } // namespace
 
@@ -367,20 +379,29 @@ QList<ConditionRecord> QIfModuleMainView::shownConditions() const
 // The notes that cost conditions, or are cut themselves, carry a sign that says so.
 void QIfModuleMainView::showLosses()
 {
+    const QList<HorizontalControlIM*> all = rows();
+    const bool isComplete = std::none_of(all.begin(), all.end(), [](const HorizontalControlIM* row) {
+        return costsBytes(row->GetLabNote()) || isCut(row->GetLabNote());
+    });
+    if (isComplete) {
+        for (HorizontalControlIM* const row : all) {
+            row->showLoss({});
+        }
+        return;
+    }
     const QList<ConditionRecord> conditions = shownConditions();
     const StoredLoss loss(conditions);
     auto condition = conditions.begin();
-    for (HorizontalControlIM* const row : rows()) {
+    for (HorizontalControlIM* const row : all) {
         const auto& [name, minimum, maximum, note] = *condition++;
         QStringList lines;
-        if (note.toUtf8().size() > note.size()) {
+        if (costsBytes(note)) {
             lines << tr("保存时末尾丢失的字节数：%1").arg(loss.bytes);
             if (!loss.names.isEmpty()) {
                 lines << tr("不再恢复的条件：%1").arg(loss.names.join(QLatin1String(", ")));
             }
         }
-        if ((!lines.isEmpty() || note.contains(QLatin1Char(':')) || note.contains(QLatin1Char(';'))) &&
-            loss.cutNotes.contains(name)) {
+        if ((!lines.isEmpty() || isCut(note)) && loss.cutNotes.contains(name)) {
             lines << tr("注释只恢复为：%1").arg(loss.cutNotes[name]);
         }
         row->showLoss(lines.join(QLatin1Char('\n')));
