@@ -55,6 +55,7 @@ private slots:
     void loadsDisturbNothing();
     void storedMode();
     void adding();
+    void addingWhenTheLogFails();
     void addedRowsAreInSight();
     void addingBeyondTheLimit();
     void hiding();
@@ -170,6 +171,23 @@ void tst_panel::adding()
         f.add("int");
         QVERIFY(f.core.takeCommands().last().startsWith("AddIO 7 " + io) && f.rows() == 1);
     }
+}
+
+void tst_panel::addingWhenTheLogFails()
+{
+    Fixture f;
+    f.show();
+    auto* const handler =
+        qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& line) {
+            if (line.startsWith("m_mapIMHorControls")) {
+                throw ZelCommon::ZelException("the log is full");
+            }
+        });
+    QVERIFY_EXCEPTION_THROWN(f.panel->on_btn_add_clicked(), ZelCommon::ZelException);
+    qInstallMessageHandler(handler);
+    // What is registered is also there.
+    f.panel->onLogicValueChanged2SetParam();
+    QVERIFY(f.rows() == 1 && f.stored() == "%int0%:1:1000:;");
 }
 
 void tst_panel::addedRowsAreInSight()
