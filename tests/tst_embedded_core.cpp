@@ -86,7 +86,7 @@ int edit(const char* store)
     const auto core = EmbeddedCore::open(flowWithBlob(), store, &error);
     for (char c = 'a'; core && c <= 'e'; ++c) {
         if (setList(QByteArray(mebibyte, c))(*core).Status == Success) {
-            ::access("acknowledged", F_OK);
+            static_cast<void>(::access("acknowledged", F_OK));
         }
     }
     std::cout << qPrintable(error) << std::endl;

@@ -80,7 +80,7 @@ private:
                         (number ? QString("=%1|").arg(*number) : "|");
             }
         } catch (const JudgementError& error) {
-            const QString file = files.last();
+            const QString& file = files.last();
             read += error.text().startsWith(file) ? error.text().mid(file.size() + 2)
                                                   : "no file: " + error.text();
         }
