@@ -9,7 +9,8 @@ scripts/build.sh fuzz
 mkdir -p build/fuzz/found
 corpora=$(mktemp -d)
 trap 'rm -rf "$corpora"' EXIT
-export LC_ALL=C.UTF-8
+export QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8
+export LSAN_OPTIONS="suppressions=$PWD/tests/lsan.supp:print_suppressions=0"
 for subject in conditions flow csv; do
     mkdir "$corpora/$subject"
     # Qt's JSON parser leaks where a file breaks off; the sanitizer looks at the exit, too.

@@ -67,6 +67,7 @@ std::optional<CommandResult> RandomUse::faultOrNot(const QString& command)
     m_isFaulty = true;
     m_steps << "(a fault of " + command + ')';
     if (kind == 0) {
+        keepItemTexts();
         throw ZelCommon::ZelException("gone");
     }
     return CommandResult(kind == 1 ? Failed : NothingChanged, "no");
