@@ -33,7 +33,10 @@ InspectorView::InspectorView(const CurrentModule& module, QWidget* parent)
     layout->setContentsMargins({});
     QTableView* const conditionTable = createTable(m_conditions, QStringLiteral("conditionTable"));
     // In a narrow dock the result is visible without scrolling.
-    conditionTable->horizontalHeader()->moveSection(ModuleInspection::resultColumn, 1);
+    connect(&m_conditions, &QAbstractItemModel::modelReset, conditionTable, [conditionTable] {
+        QHeaderView* const header = conditionTable->horizontalHeader();
+        header->moveSection(header->visualIndex(ModuleInspection::resultColumn), 1);
+    });
     layout->addWidget(conditionTable, 1);
     layout->addWidget(m_summary);
     layout->addWidget(m_bytes);
