@@ -15,7 +15,7 @@ namespace SubscribeMenu {
 void ParseTreeNode(const ZelCore::SUBSCRIBE_NODE__& node, QJsonObject& out, int level);
 
 /// Asks the core for the values of earlier modules that a condition may subscribe to. The type asked
-/// for counts only when the condition's name tells none. Nothing when the core refuses.
+/// for counts only when the condition's name has none. Nothing when the core refuses.
 std::optional<QJsonArray> query(int moduleId, const QString& conditionName, const QString& askedType);
 
 } // namespace SubscribeMenu

@@ -35,7 +35,7 @@ function(qif_add_library name kind)
 endfunction()
 
 # qif_include_folder(<target> <PUBLIC|INTERFACE> <folder>): its headers can be included as <name>/<header>,
-# and nothing that stands beside the folder can.
+# and nothing outside the folder can.
 function(qif_include_folder target scope folder)
     get_filename_component(name ${folder} NAME)
     set(root ${PROJECT_BINARY_DIR}/include/${name})
@@ -57,7 +57,7 @@ function(qif_set_test_environment test)
     set(environment "LC_ALL=C.UTF-8" "QT_QPA_PLATFORM=$<IF:$<BOOL:${arg_XVFB}>,xcb,offscreen>")
     if(QIFMODULE_SANITIZE)
         # X11's keyboard library copies strings by their length, which the strict check takes for an error;
-        # drawing libraries that are unloaded by then can only be told from their callers.
+        # drawing libraries that are unloaded by then can only be recognised by their callers.
         set(strict $<NOT:$<BOOL:${arg_XVFB}>>)
         list(APPEND environment
             "ASAN_OPTIONS=detect_leaks=1:strict_string_checks=${strict}:fast_unwind_on_malloc=${strict}:detect_stack_use_after_return=1"

@@ -13,8 +13,8 @@
 class Store;
 
 /// A platform core inside the process: executes the whole catalogue of commands on a flow and a durable
-/// store. GUI thread only. Whatever is wrong with a command or the store is told as Failed with a
-/// message; nothing is half done then.
+/// store. GUI thread only. Whatever is wrong with a command or the store is reported as Failed
+/// with a message; the store is then unchanged.
 class EmbeddedCore : public ZelCore::SynchronousService
 {
     Q_DECLARE_TR_FUNCTIONS(EmbeddedCore)

@@ -21,7 +21,7 @@ inline ModuleConfiguration first(const FlowModule& module)
     return first;
 }
 
-/// A run parameter has no type of its own; the condition's name in its key tells it.
+/// A run parameter has no type of its own; the condition's name in its key determines it.
 inline QStringList typesOfRunParameter(const QString& key)
 {
     QStringList numeric = {"float", "int"};

@@ -21,7 +21,7 @@ FilterSourceTarget targetOf(int moduleId, ENUM_IO_SUBSCRIBE_TYPE_ type, QString 
     return {static_cast<UInt>(moduleId), type, std::move(key)};
 }
 
-// How the operations tell a result.
+// The result that the operations return.
 int answerTo(const CommandResult& result)
 {
     return IsSuccess(result) ? 0 : -1;

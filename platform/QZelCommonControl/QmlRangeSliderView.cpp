@@ -52,7 +52,7 @@ void chooseSceneGraph()
     }
 }
 
-// A limit in the little room beside the section.
+// A limit, for the little room at either end of the section.
 QString shortNumber(int value)
 {
     return std::abs(value) < 10000 ? QString::number(value)
@@ -159,7 +159,7 @@ void QmlRangeSliderView::hideEvent(QHideEvent* event)
 void QmlRangeSliderView::changeEvent(QEvent* event)
 {
     if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
-        // The press that activates arrives after the field has finished its edit and told other bounds.
+        // The press that activates arrives after the field has finished its edit and set other bounds.
         m_state.keepHandles();
     }
     QWidget::changeEvent(event);

@@ -32,7 +32,7 @@ public:
     void SetCurrentMaxD(double value);
 
 signals:
-    /// The user moved a handle: both bounds, lower <= upper. A bound that was told with decimals is rounded
+    /// The user moved a handle: both bounds, lower <= upper. A bound that was set with decimals is rounded
     /// to the nearest whole number.
     void sigRangeSliderChange(int lower, int upper);
 
@@ -60,7 +60,7 @@ private:
     double handleReach() const;
     void highlight(RangeSliderState::Grip grip);
     void showState();
-    /// Shows the active handle, and tells changed bounds.
+    /// Shows the active handle, and emits changed bounds.
     void report(bool isChanged);
 
     RangeSliderState m_state;

@@ -18,7 +18,7 @@ bool RangeSliderState::fitScale()
            before.sectionMaximum() != m_scale.sectionMaximum();
 }
 
-void RangeSliderState::tell(double& bound, double value)
+void RangeSliderState::setBound(double& bound, double value)
 {
     if (std::isfinite(value)) {
         bound = value;

@@ -10,18 +10,18 @@
 
 /// The two handles of a range slider and what a drag or a step does to them; without a picture.
 ///
-/// The bounds are told as doubles. As soon as the user moves a handle both are whole numbers, lower <=
+/// The bounds are set as doubles. As soon as the user moves a handle both are whole numbers, lower <=
 /// upper: the other one is rounded to the nearest. Positions run from 0 to 1 along the slider.
 class RangeSliderState
 {
 public:
-    /// What a drag moves. Either: both handles stand in one place, and the drag's direction will tell.
+    /// What a drag moves. Either: both handles stand in one place, and the drag's direction decides.
     enum class Grip { None, Lower, Upper, Both, Either };
 
     void setRange(int min, int max);
-    /// Kept as told, even with lower > upper, until the user moves a handle. What is no number is ignored.
-    void setLower(double value) { tell(m_lower, value); }
-    void setUpper(double value) { tell(m_upper, value); }
+    /// Kept as set, even with lower > upper, until the user moves a handle. What is no number is ignored.
+    void setLower(double value) { setBound(m_lower, value); }
+    void setUpper(double value) { setBound(m_upper, value); }
     /// Puts the scale's section around the present bounds, as setRange() does; otherwise the scale stays.
     /// Returns whether the section changed.
     bool fitScale();
@@ -29,16 +29,16 @@ public:
     const RangeScale& scale() const { return m_scale; }
     int lower() const { return rounded(std::min(m_lower, m_upper)); }
     int upper() const { return rounded(std::max(m_lower, m_upper)); }
-    /// In order, whatever order the bounds were told in.
+    /// In order, whatever order the bounds were set in.
     double lowerPosition() const { return m_scale.positionOf(std::min(m_lower, m_upper)); }
     double upperPosition() const { return m_scale.positionOf(std::max(m_lower, m_upper)); }
 
-    /// What a press would take hold of: a handle within reach, the range between the two, or the handle
-    /// beside it.
+    /// What a press would take hold of: a handle within reach, the range between the two, or the
+    /// nearer handle.
     Grip gripAt(double position, double reach) const { return gripAt(handles(), position, reach); }
-    /// Lets the next press() take what is at its place now, wherever told bounds move the handles before.
+    /// Lets the next press() take what is at its place now, wherever new bounds move the handles before.
     void keepHandles() { m_kept = handles(); }
-    /// Beside the handles the nearer one comes to the place. Returns whether a bound changed, as do drag()
+    /// Away from the handles the nearer one moves to the place. Returns whether a bound changed, as do drag()
     /// and step().
     bool press(double position, double reach);
     bool drag(double position);
@@ -61,7 +61,7 @@ private:
 
     Handles handles() const { return {lowerPosition(), upperPosition()}; }
     static Grip gripAt(const Handles& handles, double position, double reach);
-    void tell(double& bound, double value);
+    void setBound(double& bound, double value);
     bool moveTo(int lower, int upper);
     /// The range keeps its width and stops at the ends.
     bool moveBoth(int lower, int upper, std::int64_t by);
@@ -77,7 +77,7 @@ private:
     }
     void putInOrder();
 
-    // Where nothing was told, as the fields beside the slider begin.
+    // The initial values of the fields that the slider belongs to.
     double m_lower = 1.0;
     double m_upper = 1000.0;
     RangeScale m_scale{0, 100, m_lower, m_upper};

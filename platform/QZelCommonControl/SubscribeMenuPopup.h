@@ -10,8 +10,8 @@ class QTreeView;
 
 /// The open menu of a subscription selector: a field to filter by, and the tree under it.
 ///
-/// A click beside it closes it and still reaches what was clicked, except on the owner, where it only
-/// closes. For that it grabs nothing: it is a tool window that watches the application's events while open.
+/// A click outside closes it and still reaches what was clicked, except on the owner, where it only closes.
+/// For that it grabs nothing: it is a tool window that watches the application's events while open.
 class SubscribeMenuPopup : public QFrame
 {
     Q_OBJECT
