@@ -404,6 +404,9 @@ void QIfModuleMainView::showLosses()
         if ((!lines.isEmpty() || isCut(note)) && loss.cutNotes.contains(name)) {
             lines << tr("注释只恢复为：%1").arg(loss.cutNotes[name]);
         }
+        if (note.contains(QLatin1Char(';')) && !loss.addedNames.isEmpty()) {
+            lines << tr("另外恢复的条件：%1").arg(loss.addedNames.join(QLatin1String(", ")));
+        }
         row->showLoss(lines.join(QLatin1Char('\n')));
     }
 }

@@ -16,9 +16,15 @@ StoredLoss::StoredLoss(const QList<ConditionRecord>& conditions)
             names << condition.name;
             continue;
         }
+        for (; next != found; ++next) {
+            addedNames << next->name;
+        }
         if (found->note != condition.note) {
             cutNotes[condition.name] = found->note;
         }
-        next = std::next(found);
+        ++next;
+    }
+    for (; next != back.end(); ++next) {
+        addedNames << next->name;
     }
 }

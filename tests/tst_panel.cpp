@@ -347,6 +347,7 @@ void tst_panel::losses()
         {"孔孔孔孔孔孔孔孔孔孔", "保存时末尾丢失的字节数：20\n不再恢复的条件：int1, int2"},
         {"x:y", "注释只恢复为：x"},
         {"x;y", "注释只恢复为：x"},
+        {"x;%int9%:1:2:y", "注释只恢复为：x\n另外恢复的条件：int9"},
         {"x", ""}};
     for (const auto& [text, expected] : cases) {
         typeInto(f.note(), text);

@@ -67,5 +67,9 @@
         <source>注释只恢复为：%1</source>
         <translation>The note comes back only as: %1</translation>
     </message>
+    <message>
+        <source>另外恢复的条件：%1</source>
+        <translation>Conditions that come back in addition: %1</translation>
+    </message>
 </context>
 </TS>
