@@ -1,16 +1,20 @@
 #include "ConditionsFile.h"
 #include "CoreSession.h"
+#include "FlowModuleModel.h"
 #include "HostApplication.h"
 #include "PanelFixture.h"
 #include "QIfModuleMainView.h"
 #include "UndoHistory.h"
+#include "commands/CommandLogView.h"
 #include "inspector/InspectorView.h"
 #include "inspector/ShownConditions.h"
 #include "inspector/StoredStatus.h"
 #include "run/RunDock.h"
 
+#include <QAbstractItemModelTester>
 #include <QAction>
 #include <QCheckBox>
+#include <QClipboard>
 #include <QPlainTextEdit>
 #include <QTableView>
 #include <QTemporaryDir>
@@ -28,6 +32,23 @@ ModuleConfiguration storing(const QByteArray& ifText)
     return configuration;
 }
 
+Fault faultOf(const QString& text)
+{
+    QString error;
+    return FaultPlan::parse(text, &error).value();
+}
+
+QString answerTo(ICommandService& service, const char* parameter, const char* value = "1")
+{
+    try {
+        SetRunParamCommand command(7, parameter, value);
+        const CommandStatus status = service.Execute(command).Status;
+        return status == Success ? "done" : status == Failed ? "failed" : "unchanged";
+    } catch (const ZelCommon::ZelException&) {
+        return "thrown";
+    }
+}
+
 // A panel over the core of the workbench, and what follows it.
 struct Fixture
 {
@@ -35,22 +56,15 @@ struct Fixture
     {
         auto* const layout = new QVBoxLayout(&window);
         layout->addWidget(panel);
-        layout->addWidget(&status);
+        layout->addWidget(status);
         module.set(7, panel);
         window.show();
     }
-    ~Fixture() { status.setParent(nullptr); }
-
-    static std::unique_ptr<EmbeddedCore> open(const QString& store)
+    // The n-th button of a name, "m_btnDelete 1".
+    void press(const QString& button) const
     {
-        QString error;
-        return EmbeddedCore::open(Flow::load(QStringLiteral(SAMPLE_FLOW), &error).value(), store, &error);
-    }
-    void press(const QString& name) const
-    {
-        QTest::mouseClick(
-            panel->findChildren<QPushButton*>(name.section(' ', 0, 0)).value(name.section(' ', 1).toInt()),
-            Qt::LeftButton);
+        const auto buttons = panel->findChildren<QPushButton*>(button.section(' ', 0, 0));
+        QTest::mouseClick(buttons.at(button.section(' ', 1).toInt()), Qt::LeftButton);
     }
     ModuleConfiguration configuration()
     {
@@ -60,21 +74,23 @@ struct Fixture
     QString text()
     {
         module.refresh();
-        return status.text();
+        return status->text();
     }
 
     QTemporaryDir folder;
-    CoreSession session{QStringLiteral(SAMPLE_FLOW), open(folder.filePath("store.sqlite"))};
+    QString error;
+    CoreSession session{SAMPLE_FLOW, EmbeddedCore::open(Flow::load(SAMPLE_FLOW, &error).value(),
+                                                        folder.filePath("store.sqlite"), &error)};
     CurrentModule module{session};
-    StoredStatus status{module};
     UndoHistory history{module};
     QWidget window;
+    StoredStatus* status = new StoredStatus{module};
     QIfModuleMainView* panel = new QIfModuleMainView(7, &window);
 };
 
 } // namespace
 
-/// What the workbench shows of the store beside a panel.
+/// What the workbench shows of the store and of the commands beside a panel.
 class tst_inspection : public QObject
 {
     Q_OBJECT
@@ -82,12 +98,15 @@ class tst_inspection : public QObject
 private slots:
     void states();
     void liveRow();
-    void longTexts();
     void whatAPanelShows();
     void refusedSaves();
     void undo();
     void run();
     void percentiles();
+    void log();
+    void longestLog();
+    void colours();
+    void faults();
 };
 
 // Of a stored list beside the conditions "int0" from 1 to 5.9 and "float0" from 0.5 to 2.25 in a panel.
@@ -95,32 +114,27 @@ void tst_inspection::states()
 {
     const QList<ConditionRecord> shown = {{"int0", 1.0, 5.9, "a"}, {"float0", 0.5, 2.25, "b"}};
     const QString bounds = "stored minimum is 0, shown 1; stored maximum is 6, shown 5";
-    const QString maximum = "stored maximum is 2.251, shown 2.250";
-    const QString noteOfInt = "stored note is \"\", shown \"a\"";
     const QString missing = "shown, but not stored";
-    const std::tuple<QByteArray, QStringList, QStringList> rows[] = {
-        {"%int0%:1:5:a;%float0%:0.500:2.250:b;", {"stored", "stored"}, {}},
-        {"0", {missing, missing}, {"int0 is not stored", "float0 is not stored"}},
-        {"%int0%:0:6:a;%float0%:0.500:2.251:b;",
-         {bounds, maximum},
-         {"int0 is not stored: " + bounds, "float0 is not stored: " + maximum}},
-        {"%int0%:1:5:;%float0%:0.500:2.250:b;", {noteOfInt, "stored"}, {"int0 is not stored: " + noteOfInt}},
-        {"%int0%:1:5:a;%float0%:0.500:2.250:b;%int1%:1:2:;",
-         {"stored", "stored", "stored, but not shown"},
-         {"int1 is not shown, but still stored"}},
-        {"%int0%:1:5:a;%float0%:0.500:2.250:",
-         {"stored", "cut by the length rule"},
-         {"float0 is not stored: stored note is \"\", shown \"b\""}}};
+    const std::pair<QByteArray, QStringList> rows[] = {
+        {"%int0%:1:5:a;%float0%:0.500:2.250:b;", {"stored", "stored"}},
+        {"0", {missing, missing}},
+        {"%int0%:0:6:a;%float0%:0.500:2.251:b;", {bounds, "stored maximum is 2.251, shown 2.250"}},
+        {"%int0%:1:5:;%float0%:0.500:2.250:b;", {"stored note is \"\", shown \"a\"", "stored"}},
+        {"%float0%:0.500:2.250:b;%int1%:1:2:;", {"stored", "stored, but not shown", missing}},
+        {"%int0%:1:5:a;%float0%:0.500:2.250:", {"stored", "cut by the length rule"}}};
     const int column = ModuleInspection::conditionColumns().indexOf("State");
-    for (const auto& [stored, expected, sentences] : rows) {
+    for (const auto& [stored, expected] : rows) {
         QStringList states;
         for (const auto& row : ModuleInspection::conditions(storing(stored), &shown)) {
             states << row.cells.at(column);
             QCOMPARE(row.remark, states.last() == "stored" ? QString() : states.last());
         }
         QCOMPARE(states, expected);
-        QCOMPARE(ModuleInspection::differences(storing(stored), shown), sentences);
     }
+    const auto stored = storing("%int0%:0:6:a;%int1%:1:2:;");
+    QCOMPARE(ModuleInspection::differences(stored, shown),
+             QStringList({"int0 is not stored: " + bounds, "int1 is not shown, but still stored",
+                          "float0 is not stored"}));
 }
 
 void tst_inspection::liveRow()
@@ -135,23 +149,6 @@ void tst_inspection::liveRow()
     QCOMPARE(rows[1].cells, QStringList({"int0", "5.Count", "7", "1", "8 (5.Limit)", "in", "stored", ""}));
     QCOMPARE(rows[2].cells, QStringList({"int1", "", "", "1", "5", "not bound", "stored", ""}));
     QVERIFY(rows[0].colour.red() > 100 && rows[1].colour.green() > 100);
-
-    // The chosen row of a run instead.
-    const QVector<Judgement::Result> results(3, {Judgement::Outcome::In, 1.5, 1.0, 2.0, {}});
-    QCOMPARE(ModuleInspection::conditions(configuration, nullptr, results)[0].cells[2], "1.5");
-}
-
-void tst_inspection::longTexts()
-{
-    Fixture f;
-    InspectorView view(f.module);
-    view.show();
-    const QByteArray list = "%int0%:1:5:" + QByteArray(200000, 'n') + ';';
-    SetBinaryDataCommand command(7, "IFText", list.constData(), static_cast<UInt>(list.size()));
-    QCOMPARE(f.session.tap().Execute(command).Status, Success);
-    f.module.refresh();
-    const QString shown = view.findChild<QPlainTextEdit*>("inspectorBytes")->toPlainText();
-    QVERIFY2(shown.size() < 4200 && shown.endsWith("nnn... (200012 bytes)"), qPrintable(shown.right(40)));
 }
 
 void tst_inspection::whatAPanelShows()
@@ -164,34 +161,25 @@ void tst_inspection::whatAPanelShows()
              "%other%:0:0:x;%float0%:0.500:2.250:b;%int1%:3:4:;%int0%:1:1000:;");
 }
 
-// The line stays until a later save succeeds.
+// The line that a fault causes when a button is pressed stays until a later save succeeds.
 void tst_inspection::refusedSaves()
 {
-    struct
-    {
-        const char* fault;
-        const char* button; // pressed while the fault is armed
-        const char* text;
-        const char* further; // pressed when it is not
-    } const rows[] = {
-        {"kind=SetBinaryData,message=disk full", "btn_add", "not stored: disk full\nint1 is not stored",
-         "btn_add"},
+    const std::tuple<QString, QString, QString, QString> rows[] = {
+        {"kind=SetBinaryData,message=full", "btn_add", "not stored: full\nint1 is not stored", "btn_add"},
         {"kind=SetBinaryData,answer=Exception,message=gone", "m_btnDelete",
          "not stored: gone\nint0 is not shown, but still stored", "btn_add"},
         {"kind=SetBinaryData", "btn_add", "not stored: SetBinaryData\nint1 is not stored", "btn_add"},
-        {"kind=AddIO,message=no IO", "btn_add", "%int1% is not stored: no IO\nint1 is not stored",
-         "m_btnDelete 1"},
-        {"kind=SetUIData,message=disk full", "m_btnMinSwitch", "not stored: disk full", "m_btnMinSwitch"}};
-    for (const auto& row : rows) {
+        {"kind=AddIO,message=no", "btn_add", "%int1% is not stored: no\nint1 is not stored", "m_btnDelete 1"},
+        {"kind=SetUIData,message=full", "m_btnMinSwitch", "not stored: full", "m_btnMinSwitch"}};
+    for (const auto& [fault, button, text, further] : rows) {
         Fixture f;
         f.press("btn_add");
         QVERIFY2(f.text().startsWith("All is stored"), qPrintable(f.text()));
-        QString error;
-        f.session.faults().arm(FaultPlan::parse(row.fault, &error).value());
-        f.press(row.button);
-        QCOMPARE(f.text(), row.text);
-        f.press(row.further);
-        QVERIFY2(f.text().startsWith("All is stored"), qPrintable(row.fault + f.text()));
+        f.session.faults().arm(faultOf(fault));
+        f.press(button);
+        QCOMPARE(f.text(), text);
+        f.press(further);
+        QVERIFY2(f.text().startsWith("All is stored"), qPrintable(fault + f.text()));
     }
 }
 
@@ -207,7 +195,6 @@ void tst_inspection::undo()
     };
     bind(SUBSCRIBE_TYPE_IO, "%int0%", "5.ObjectCount");
     bind(SUBSCRIBE_TYPE_RUNPARAM, "%int0%End", "5.ObjectCount");
-    QString error;
     QVector<ModuleConfiguration> before = {f.configuration()};
     bind(SUBSCRIBE_TYPE_IO, "%int0%", "5.ObjectNumber");
     for (const char* const button :
@@ -217,7 +204,7 @@ void tst_inspection::undo()
     }
     while (!before.isEmpty()) {
         f.panel->hide();
-        QVERIFY2(f.history.undo(&error), qPrintable(error));
+        QVERIFY2(f.history.undo(&f.error), qPrintable(f.error));
         f.panel->show();
         QVERIFY(ModuleInspection::judgeAlike(f.configuration(), before.takeLast()));
         QVERIFY2(f.text().startsWith("All is stored"), qPrintable(f.text()));
@@ -229,33 +216,53 @@ void tst_inspection::run()
 {
     Fixture f;
     RunDock dock(f.module);
+    InspectorView inspector(f.module);
+    connect(&dock, &RunDock::resultsChosen, &inspector, &InspectorView::setResults);
+    inspector.show();
     const auto textOf = [&dock](const char* label) { return dock.findChild<QLabel*>(label)->text(); };
     dock.runActions().last()->trigger();
     QTRY_VERIFY(textOf("runTotals").startsWith("569 rows, no conditions"));
 
-    QString error;
-    QVERIFY2(ConditionsFile::import(QStringLiteral(SAMPLE_CONDITIONS), f.session.core(), 7, &error),
-             qPrintable(error));
+    QVERIFY2(ConditionsFile::import(SAMPLE_CONDITIONS, f.session.core(), 7, &f.error), qPrintable(f.error));
     f.module.refresh();
     QVERIFY(textOf("runTotals").contains("outdated"));
     dock.runActions().last()->trigger();
-    QTRY_VERIFY(textOf("runTotals").contains("322 OK, 247 not OK") &&
-                textOf("runTotals").contains("no further rows"));
-    dock.findChild<QCheckBox*>("onlyNotOk")->click();
-    const auto* const rows = dock.findChild<QTableView*>("resultTable")->model();
-    QCOMPARE(rows->rowCount(), 247);
-    QCOMPARE(rows->headerData(2, Qt::Horizontal).toString(), "float0  radius\n5.Mean.Radius");
-    QCOMPARE(rows->index(4, 0).data().toInt(), 5);
+    QTRY_VERIFY(textOf("runTotals").endsWith("322 OK, 247 not OK, pass rate 56.6 %; no further rows"));
     QCOMPARE(textOf("statistics"), "minimum 6.981, 1 % 8.571, median 13.37, 99 % 24.25, maximum 28.11");
+
+    // The fifth that is not OK, copied and inspected.
+    dock.findChild<QCheckBox*>("onlyNotOk")->click();
+    auto* const table = dock.findChild<QTableView*>("resultTable");
+    QCOMPARE(table->model()->rowCount(), 247);
+    table->selectRow(4);
+    table->actions().first()->trigger();
+    QCOMPARE(QGuiApplication::clipboard()->text(),
+             "Row\tResult\tfloat0 radius 5.Mean.Radius\tfloat1 texture 5.Mean.Texture\t"
+             "float2 concave points 5.Mean.ConcavePoints\n"
+             "5\tnot OK\t20.29 is above 15.5\t14.34 is within 9 to 25\t0.1043 is above 0.055");
+    auto* const conditions = inspector.findChild<QTableView*>("conditionTable")->model();
+    FlowModuleModel modules(f.session.flow());
+    for (const auto* model : QVector<QAbstractItemModel*>{&modules, table->model(), conditions}) {
+        QVERIFY(!model->data({}, Qt::DisplayRole).isValid()); // Ctrl+C with no current item
+    }
+    QCOMPARE(conditions->index(0, 2).data().toString(), "20.29");
+    const QPersistentModelIndex third = conditions->index(2, 0);
 
     // A pipe without a writer must not stop the window.
     const QString pipe = f.folder.filePath("pipe.csv");
     QCOMPARE(mkfifo(pipe.toLocal8Bit(), 0600), 0);
-    auto* const source = dock.findChild<QComboBox*>("sourceBox");
-    source->addItem("pipe.csv", pipe);
-    source->setCurrentIndex(source->count() - 1);
+    dock.findChild<QComboBox*>("sourceBox")->setItemData(1, pipe);
     dock.runActions().last()->trigger();
     QCOMPARE(textOf("runProblem"), pipe + " is not a regular file.");
+
+    // A list that is too long to be shown, cut between two characters.
+    const QByteArray list = "%int0%:1:5:" + QByteArray("孔").repeated(70000) + ';';
+    SetBinaryDataCommand command(7, "IFText", list.constData(), static_cast<UInt>(list.size()));
+    QCOMPARE(f.session.tap().Execute(command).Status, Success);
+    f.module.refresh();
+    const QString shown = inspector.findChild<QPlainTextEdit*>("inspectorBytes")->toPlainText();
+    QCOMPARE(shown, "%int0%:1:5:" + QString("孔").repeated((4096 - 11) / 3) + "... (210012 bytes)");
+    QVERIFY(!third.isValid());
 }
 
 void tst_inspection::percentiles()
@@ -264,8 +271,89 @@ void tst_inspection::percentiles()
     for (int i = 0; i < 1000000; ++i) {
         values.add(double(i));
     }
-    for (const double part : {0.01, 0.5, 0.99}) {
-        QVERIFY(std::abs(values.quantile(part) / 1e6 - part) < 0.005);
+    QVERIFY(std::abs(values.quantile(0.99) - 990000) < 5000);
+}
+
+void tst_inspection::log()
+{
+    FakeCore core;
+    FaultInjector faults(core);
+    CommandTap tap(faults);
+    CommandLogView view(tap);
+    answerTo(tap, "LogicalMode", "1");
+    view.show();
+    answerTo(tap, "LogicalMode", "2");
+    faults.arm(faultOf("answer=Exception,message=磁盘 full"));
+    QCOMPARE(answerTo(tap, "LogicalMode", "3\n"), "thrown");
+    view.findChild<QPushButton*>()->click(); // pause
+    answerTo(tap, "LogicalMode", "4");
+
+    const auto* const rows = qobject_cast<QSortFilterProxyModel*>(view.findChild<QTableView*>()->model());
+    QTRY_COMPARE(rows->rowCount(), 2);
+    const QString last = static_cast<CommandLogModel*>(rows->sourceModel())->jsonOf(1);
+    QVERIFY2(last.startsWith(R"({"content":"3\\u000a","kind":"SetRunParam","message":"磁盘 full",)") &&
+                 last.contains(R"("module":7,"number":3,"parameter":"LogicalMode","status":"Exception",)"),
+             qPrintable(last));
+}
+
+void tst_inspection::longestLog()
+{
+    CommandLogModel model;
+    const QAbstractItemModelTester tester(&model);
+    int number = 0;
+    for (const int batch : {1, CommandLogModel::capacity - 1, 3, 2 * CommandLogModel::capacity}) {
+        QVector<CommandEntry> entries(batch);
+        entries.last().number = number += batch;
+        model.append(entries);
+        QCOMPARE(model.rowCount(), qMin(number, CommandLogModel::capacity));
+        QCOMPARE(model.index(model.rowCount() - 1, 0).data().toInt(), number);
+    }
+}
+
+// Only what is wrong has one.
+void tst_inspection::colours()
+{
+    const std::tuple<const char*, CommandStatus, const char*, bool> cases[] = {
+        {"SetBinaryData", Success, "", false},
+        {"SetBinaryData", Failed, "disk full", true},
+        {"SetRunParam", NothingChanged, "", true},
+        {"GetFilterSource", NothingChanged, "", false},
+        {"DeleteUIData", NothingChanged, "", false},
+        {"QueryUIData", Failed, "no parameter @%int0%Start", false}, // never switched
+        {"QueryUIData", Failed, "disk I/O error", true},
+        {"QueryBinaryData", Failed, "no parameter @%int0%Start", true}};
+    for (const auto& [kind, status, message, isColoured] : cases) {
+        CommandLogModel model;
+        model.append({{1, {}, {kind, {}, "@%int0%Start", {}}, status, message}});
+        QVERIFY2(model.index(0, 0).data(Qt::ForegroundRole).isValid() == isColoured, kind);
+    }
+}
+
+// Of faults, what LogicalMode and Other are answered in turn, and whether one stays armed.
+void tst_inspection::faults()
+{
+    const std::tuple<QStringList, QString, bool> rows[] = {
+        {{""}, "failed done done done", false},
+        {{"when=2,answer=NothingChanged"}, "done unchanged done done", false},
+        {{"when=every,answer=Exception"}, "thrown thrown thrown thrown", true},
+        {{"kind=SetRunParam,parameter=Other,when=2"}, "done done done failed", false},
+        {{"kind=AddIO"}, "done done done done", true},
+        {{"when=3,answer=Delay"}, "done done held 2000 done done", false},
+        // The first that is due answers, the others strike the commands that follow.
+        {{"", "answer=Exception", "when=2,answer=NothingChanged"}, "failed thrown unchanged done", false}};
+    for (const auto& [faults, expected, stayArmed] : rows) {
+        FakeCore core;
+        FaultInjector injector(core);
+        QStringList answers;
+        injector.hold = [&answers](int milliseconds) { answers << "held" << QString::number(milliseconds); };
+        for (const QString& fault : faults) {
+            injector.arm(faultOf(faultOf(fault).text()));
+        }
+        for (const char* const parameter : {"LogicalMode", "Other", "LogicalMode", "Other"}) {
+            answers << answerTo(injector, parameter);
+        }
+        QCOMPARE(answers.join(' '), expected);
+        QCOMPARE(injector.plan().isArmed(), stayArmed);
     }
 }
 
