@@ -208,7 +208,7 @@ void tst_judgement::queries()
     const QByteArray header = "a,\"b \"\"c\"\"\",count";
     QByteArray rows =
         "0.1,0,0\n0.3,0.3,1\n0.30000000000000004,NULL,-1\nNULL,1,NULL\n1e300,-1e300,2\n-0,0,-1\n"
-        "5e-324,1,1\n0.1,-123456.789,NULL\n1,-123456.7895,1\n999999999,999999999,0\n"
+        "5e-324,1,1\n0.1,-123456789.123,NULL\n1,-123456789.1235,1\n999999999,999999999,0\n"
         "0.09999999999999999,0,0";
     const QByteArray table = header + '\n' + rows + '\n';
     auto database = QSqlDatabase::addDatabase("QSQLITE");
@@ -219,7 +219,7 @@ void tst_judgement::queries()
     const QString b = "b \"c\"";
     const std::pair<QByteArray, QVector<Source>> lists[] = {
         {"0", {}},
-        {"%float0%:0.1:0.3:;%int1%:-1:1:;%float2%:-123456.789:999999999:;",
+        {"%float0%:0.1:0.3:;%int1%:-1:1:;%float2%:-123456789.123:999999999:;",
          {{"%float0%", "a"}, {"%int1%", "count"}, {"%float2%", b}}},
         {"%float0%:1:0:;", {{"%float0%", "a"}}},
         {"%float0%:-inf:0.3:;%float1%:0.3:inf:;%float2%:nan:1:;",
