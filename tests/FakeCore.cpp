@@ -3,108 +3,74 @@
 #include "commands/CommandText.h"
 
 #include <algorithm>
-#include <utility>
 
 using namespace ZelCore;
 
+namespace {
+
+template <typename... Functions>
+struct Overloaded : Functions...
+{
+    using Functions::operator()...;
+};
+template <typename... Functions>
+Overloaded(Functions...) -> Overloaded<Functions...>;
+
+} // namespace
+
 CommandResult FakeCore::Execute(ICommand& command)
 {
-    const QString line = CommandText::of(command).line();
-    m_commands << line;
+    const CommandText text = CommandText::of(command);
+    m_commands << text.line();
     if (fault) {
-        if (const auto result = fault(m_count++, line)) {
-            return *result;
+        if (const auto refused = fault(m_count++, text.line())) {
+            return *refused;
         }
     }
-    return apply(command);
-}
-
-CommandResult FakeCore::Execute(const void*, ICommand& command)
-{
-    return Execute(command);
-}
-
-std::future<CommandResult> FakeCore::ExecuteAsync(const void*, ICommand&)
-{
-    qFatal("the panel executes every command synchronously");
-}
-
-QStringList FakeCore::takeCommands()
-{
-    return std::exchange(m_commands, {});
-}
-
-CommandResult FakeCore::apply(ICommand& command)
-{
-    const auto nameIn = [](const auto& field) { return ToQString(TextOf(field)); };
-    const auto remove = [](auto& map, const QString& key) {
-        return CommandResult(map.remove(key) != 0 ? Success : NothingChanged, "");
+    const QString& name = text.parameter;
+    CommandResult result = Success;
+    const auto remove = [&](auto& from) { result = from.remove(name) != 0 ? Success : NothingChanged; };
+    const auto give = [&](const QMap<QString, QByteArray>& from, ZEL_VALUE_CONTAINER__<char>& record) {
+        if (!from.contains(name)) {
+            result = {Failed, "no such parameter"};
+            return;
+        }
+        const QByteArray bytes = from[name];
+        record.CreateList(static_cast<UInt>(bytes.size() + 1));
+        std::copy_n(bytes.constData(), bytes.size() + 1, record.Items());
     };
-    const auto give = [&](const auto& from, const auto& condition, ZEL_VALUE_CONTAINER__<char>& to) {
-        const auto found = from.constFind(nameIn(condition.ParamName));
-        if (found == from.constEnd()) {
-            return CommandResult(Failed, "no such parameter");
-        }
-        to.CreateList(static_cast<UInt>(found->size() + 1));
-        std::copy_n(found->constData(), found->size() + 1, to.Items());
-        return CommandResult(Success);
-    };
-
-    if (auto* const c = dynamic_cast<AddIOCommand*>(&command)) {
-        // A core may write into what it is sent; the next command must not carry it.
-        if (c->IOInfo->Num() != 0) {
-            return {Failed, "sub-items"};
-        }
-        c->IOInfo->CreateList(2);
-        c->IOInfo->ExtraData.CanSubscribe = true;
-        return Success;
-    }
-    if (auto* const c = dynamic_cast<SetRunParamCommand*>(&command)) {
-        runParams[nameIn(c->ParamName)] = c->Val;
-        return Success;
-    }
-    if (auto* const c = dynamic_cast<SetBinaryDataCommand*>(&command)) {
-        binaryData[nameIn(c->ParamName)] = QByteArray(c->Data, static_cast<int>(c->DataLen));
-        lastTimeOut = c->TimeOut;
-        return Success;
-    }
-    if (auto* const c = dynamic_cast<SetUIDataCommand*>(&command)) {
-        uiData[nameIn(c->ParamName)] = QByteArray(c->Data, static_cast<int>(c->DataLen));
-        return Success;
-    }
-    if (auto* const c = dynamic_cast<DeleteUIDataCommand*>(&command)) {
-        return remove(uiData, nameIn(c->ParamName));
-    }
-    if (auto* const c = dynamic_cast<QueryCommand<BINARY_DATA_CONDITION__, BINARY_DATA__>*>(&command)) {
-        return give(binaryData, *c->Condition, *c->Result);
-    }
-    if (auto* const c = dynamic_cast<QueryCommand<RUN_PARAM_CONDITION__, KADO_MODULE_PARAM__>*>(&command)) {
-        BINARY_DATA__ text;
-        const CommandResult result = give(runParams, *c->Condition, text);
-        FillText(c->Result->strParamName, c->Condition->ParamName);
-        FillText(c->Result->strParamValue, text.Num() == 0 ? "" : text.Items());
-        return result;
-    }
-    if (auto* const c =
-            dynamic_cast<QueryCommand<UI_OBJECT_PARAM_INFO_CONDITION__, UI_OBJECT_PARAM_INFO__>*>(&command)) {
-        return give(uiData, *c->Condition, *c->Result);
-    }
-    if (auto* const c = dynamic_cast<QueryCommand<SUBSCRIBE_CONDITION__, SUBSCRIBE_TREE__>*>(&command)) {
-        *c->Result = subscribeTree;
-        return Success;
-    }
-    if (auto* const c = dynamic_cast<FilterSourceCommand*>(&command)) {
-        const QString key = QStringLiteral("%1/%2").arg(c->Target.Type).arg(c->Target.Key);
-        if (auto* const set = dynamic_cast<SetFilterSourceCommand*>(c)) {
-            bindings[key] = set->SubscribeName;
-            return Success;
-        }
-        if (auto* const get = dynamic_cast<GetFilterSourceCommand*>(c)) {
-            get->SubscribeName = bindings.value(key);
-            get->SourceIsMissing = missingSources.contains(get->SubscribeName);
-            return bindings.contains(key) ? Success : NothingChanged;
-        }
-        return remove(bindings, key);
-    }
-    return {Failed, "unknown command"};
+    visitCommand(command, Overloaded{
+                              [&](AddIOCommand& c) {
+                                  // A core may write into what it is sent; the next command must not carry
+                                  // it.
+                                  result = c.IOInfo->Num() == 0 ? Success : Failed;
+                                  c.IOInfo->CreateList(2);
+                                  c.IOInfo->ExtraData.CanSubscribe = true;
+                              },
+                              [&](SetRunParamCommand& c) { runParams[name] = c.Val; },
+                              [&](SetBinaryDataCommand& c) {
+                                  binaryData[name] = {c.Data, static_cast<int>(c.DataLen)};
+                                  lastTimeOut = c.TimeOut;
+                              },
+                              [&](SetUIDataCommand& c) {
+                                  uiData[name] = {c.Data, static_cast<int>(c.DataLen)};
+                              },
+                              [&](DeleteUIDataCommand&) { remove(uiData); },
+                              [&](SubscribeTreeQuery& c) { *c.Result = subscribeTree; },
+                              [&](BinaryDataQuery& c) { give(binaryData, *c.Result); },
+                              [&](RunParamQuery& c) {
+                                  BINARY_DATA__ value;
+                                  give(runParams, value);
+                                  FillText(c.Result->strParamValue, value.Items());
+                              },
+                              [&](UIDataQuery& c) { give(uiData, *c.Result); },
+                              [&](SetFilterSourceCommand& c) { bindings[name] = c.SubscribeName; },
+                              [&](GetFilterSourceCommand& c) {
+                                  c.SubscribeName = bindings.value(name);
+                                  c.SourceIsMissing = missingSources.contains(c.SubscribeName);
+                                  result = bindings.contains(name) ? Success : NothingChanged;
+                              },
+                              [&](DelFilterSourceCommand&) { remove(bindings); },
+                          });
+    return result;
 }

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "ZelCommon/FilterSourceCommands.h"
+#include "ZelCommon/Catalogue.h"
 #include "ZelCommon/ServiceRegistration.h"
-#include "core_client/core_client.h"
+#include "ZelCommon/SynchronousService.h"
 
 #include <QByteArray>
 #include <QMap>
@@ -10,18 +10,18 @@
 
 #include <functional>
 #include <optional>
+#include <utility>
 
 /// An ICommandService in memory that keeps what it is told, records every command as one readable
 /// line, and fails where a test asks for it. Registered with the container while it lives.
-class FakeCore : public ZelCore::ICommandService
+class FakeCore : public ZelCore::SynchronousService
 {
 public:
+    using SynchronousService::Execute;
     ZelCore::CommandResult Execute(ZelCore::ICommand& command) override;
-    ZelCore::CommandResult Execute(const void* sender, ZelCore::ICommand& command) override;
-    std::future<ZelCore::CommandResult> ExecuteAsync(const void* sender, ZelCore::ICommand& command) override;
 
     /// Commands since the last take, for example "SetRunParam 7 LogicalMode=2".
-    QStringList takeCommands();
+    QStringList takeCommands() { return std::exchange(m_commands, {}); }
 
     /// Called for each command, numbered from 0, before it takes effect. A result it returns is the
     /// answer and the command has no effect; it may throw.
@@ -30,6 +30,7 @@ public:
     QMap<QString, QByteArray> binaryData;
     QMap<QString, QByteArray> runParams;
     QMap<QString, QByteArray> uiData;
+    /// By the kind of the target and its key, "1/%int0%" or "0/%int0%Start".
     QMap<QString, QString> bindings;
     /// Sources that the flow no longer has.
     QStringList missingSources;
@@ -38,8 +39,6 @@ public:
     ZelCore::UInt lastTimeOut = 0;
 
 private:
-    ZelCore::CommandResult apply(ZelCore::ICommand& command);
-
     QStringList m_commands;
     int m_count = 0;
     ZelCore::ServiceRegistration m_registration{*this};
