@@ -343,7 +343,10 @@ std::unique_ptr<HorizontalControlIM> QIfModuleMainView::createRow(const QString&
 void QIfModuleMainView::appendRow(const QString& name, std::unique_ptr<HorizontalControlIM> row)
 {
     HorizontalControlIM* const appended = row.get();
-    ui->verL_infoList->addLayout(row.release(), 0);
+    {
+        const StyleSheet::Suspension suspension(*appended);
+        ui->verL_infoList->addLayout(row.release(), 0);
+    }
     {
         // Shown here, with one layout at the end: Qt would show and lay out widget by widget later.
         ui->gridLayout_9->setEnabled(false);
