@@ -76,12 +76,16 @@ void CondensedText::fit()
     }
     QFont font = m_pWidget->font();
     font.setStretch(QFont::Unstretched);
-    const int wanted = qMax(1, QFontMetrics(font).horizontalAdvance(textOf(m_pWidget)));
-    int stretch = qBound<int>(QFont::UltraCondensed, QFont::Unstretched * roomIn(m_pWidget) / wanted,
-                              QFont::Unstretched);
-    // Characters have whole widths, so that their sum may still be too large.
-    for (font.setStretch(stretch); isCut(font) && stretch > QFont::UltraCondensed; font.setStretch(stretch)) {
-        --stretch;
+    const int room = roomIn(m_pWidget);
+    const auto width = [this, &font] { return QFontMetrics(font).horizontalAdvance(textOf(m_pWidget)); };
+    int stretch = QFont::Unstretched;
+    if (const int wanted = qMax(1, width()); wanted > room) {
+        stretch = qMax<int>(QFont::UltraCondensed, QFont::Unstretched * room / wanted);
+        // Characters have whole widths, so that their sum may still be too large.
+        for (font.setStretch(stretch); width() > room && stretch > QFont::UltraCondensed;
+             font.setStretch(stretch)) {
+            --stretch;
+        }
     }
     const int present = m_pWidget->font().stretch();
     if (stretch != (present == QFont::AnyStretch ? int(QFont::Unstretched) : present)) {
