@@ -25,26 +25,27 @@ std::set<std::pair<dev_t, ino_t>>& editedFiles()
 
 StoreFile::StoreFile(const QString& name, Use use)
     : m_name(name)
+    , m_givenPath(FileName::encoded(name))
     , m_use(use)
 {
     require(!name.isEmpty() && name != QLatin1String(":memory:") && !name.startsWith(QLatin1String("file:")),
             tr("a store must be the path to a file, not \"%1\"").arg(name));
-    const QByteArray path = FileName::encoded(name);
     struct stat status = {};
-    const bool exists = ::stat(path.constData(), &status) == 0;
+    const bool exists = ::stat(m_givenPath.constData(), &status) == 0;
     const bool isMissing = !exists && errno == ENOENT;
     require(!isMissing || use == Edit, tr("no such store: %1").arg(name));
     require(!exists || S_ISREG(status.st_mode), tr("the store %1 is not a file").arg(name));
     const bool isEditedHere = exists && editedFiles().count({status.st_dev, status.st_ino}) != 0;
     if (!isEditedHere) {
         const int flags = use == Edit ? O_RDWR | O_CREAT : O_RDONLY;
-        const int descriptor = ::open(path.constData(), flags | O_CLOEXEC, 0666);
+        const int descriptor = ::open(m_givenPath.constData(), flags | O_CLOEXEC, 0666);
         require(descriptor >= 0, tr("the store %1 can't be opened: %2").arg(name, qt_error_string()));
         m_file.open(descriptor, QIODevice::ReadOnly, QFile::AutoCloseHandle);
         ::fstat(descriptor, &status);
     }
     m_identity = {status.st_dev, status.st_ino};
-    const std::unique_ptr<char, decltype(&std::free)> real(::realpath(path.constData(), nullptr), &std::free);
+    const std::unique_ptr<char, decltype(&std::free)> real(::realpath(m_givenPath.constData(), nullptr),
+                                                           &std::free);
     require(real != nullptr, tr("the store %1 can't be opened: %2").arg(name, qt_error_string()));
     m_path = real.get();
     if (use == Edit) {
@@ -81,7 +82,7 @@ StoreFile::~StoreFile()
 
 bool StoreFile::isInPlace() const
 {
-    return identityOf(FileName::encoded(m_name)) == m_identity && identityOf(m_path + "-wal") == m_log;
+    return identityOf(m_givenPath) == m_identity && identityOf(m_path + "-wal") == m_log;
 }
 
 std::optional<StoreFile::Identity> StoreFile::identityOf(const QByteArray& path)

@@ -46,8 +46,9 @@ private:
     bool lock(short type) const;
 
     QString m_name;
+    QByteArray m_givenPath; // as the name has it
     Use m_use;
-    QByteArray m_path;
+    QByteArray m_path; // without links
     QByteArray m_parameters;
     QFile m_file;
     std::optional<Identity> m_identity;
