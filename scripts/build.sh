@@ -6,7 +6,5 @@ cd "$(dirname "$0")/.."
 preset=$1
 shift
 mkdir -p build
-if ! { cmake --preset "$preset" && cmake --build --preset "$preset" ${1:+--target "$@"}; } >"build/$preset.log" 2>&1; then
-    cat "build/$preset.log" >&2
-    exit 1
-fi
+{ cmake --preset "$preset" && cmake --build --preset "$preset" ${1:+--target "$@"}; } >"build/$preset.log" 2>&1 ||
+    { cat "build/$preset.log" >&2; exit 1; }

@@ -15,10 +15,8 @@ tidy() {
     shift
     # QSKIP has an optional argument.
     git ls-files "$@" | xargs -P "$(nproc)" -n 2 clang-tidy -p build/asan --quiet "--checks=$checks" \
-        --extra-arg=-Wno-gnu-zero-variadic-macro-arguments >build/tidy.log 2>&1 || {
-        grep -vE '^[0-9]+ warnings? generated' build/tidy.log >&2
-        exit 1
-    }
+        --extra-arg=-Wno-gnu-zero-variadic-macro-arguments >build/tidy.log 2>&1 ||
+        { grep -vE '^[0-9]+ warnings? generated' build/tidy.log >&2; exit 1; }
 }
 tidy '' '*.cpp' ':!tests' ':!bench'
 # The sanitizers find in a test what the analyzer would.

@@ -17,19 +17,15 @@ fail() {
 
 # check_picture FILE LOG: fails unless it is a PNG of the window, with the panel's plug-in at work.
 check_picture() {
-    if ! file "$1" | grep -q 'PNG image data, 1400 x 860' || ! grep -q 'QueryIfModuleInfo IFText' "$2"; then
-        cat "$2" >&2
-        fail "no picture from the packages"
-    fi
+    { file "$1" | grep -q 'PNG image data, 1400 x 860' && grep -q 'QueryIfModuleInfo IFText' "$2"; } ||
+        { cat "$2" >&2; fail "no picture from the packages"; }
 }
 
 for architecture in amd64 arm64; do
     root=$work/$architecture
     for package in qifmodule-platform qifmodule if-workbench qifmodule-dev; do
         set -- "$packages/${package}"_*_"$architecture.deb"
-        if [ $# -ne 1 ] || [ ! -s "$1" ]; then
-            fail "$package: not one package for $architecture"
-        fi
+        { [ $# -eq 1 ] && [ -s "$1" ]; } || fail "$package: not one package for $architecture"
         dpkg-deb -x "$1" "$root.files"
     done
     find "$root.files" -type f \( -name '*.so' -o -path '*/bin/*' \) -exec readelf -d {} + >"$root.dynamic"

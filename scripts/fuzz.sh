@@ -20,10 +20,6 @@ for subject in conditions flow csv; do
     ASAN_OPTIONS=detect_leaks=$leaks "build/fuzz/bin/fuzz_$subject" -max_total_time="${1:-30}" -max_len=4096 \
         -timeout=10 -rss_limit_mb=4096 -detect_leaks=$leaks -close_fd_mask=1 \
         -artifact_prefix="build/fuzz/found/$subject-" "$corpora/$subject" "tests/fuzz/corpus/$subject" >"$log" 2>&1 ||
-        {
-            tail -n 40 "$log" >&2
-            echo "fuzz.sh: $subject failed" >&2
-            exit 1
-        }
+        { tail -n 40 "$log" >&2; echo "fuzz.sh: $subject failed" >&2; exit 1; }
     echo "fuzz $subject: $(sed -n 's/^Done \(.*\)/\1/p' "$log")"
 done

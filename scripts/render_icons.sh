@@ -7,36 +7,14 @@ cd "$(dirname "$0")/.."
 drawings=QIfModule/img_im/svg
 images=QIfModule/img_im/ImageResource
 workbench_icon=workbench/icons/if-workbench
-accent='svg { color: rgb(231,105,0) }'
-accent_sheet=$(mktemp)
-trap 'rm -f "$accent_sheet"' EXIT
-printf '%s\n' "$accent" >"$accent_sheet"
-
-# check_png FILE WIDTH HEIGHT: fails unless FILE is a PNG of that size with 8-bit RGBA pixels.
-check_png() {
-    # 16 bytes of signature and chunk header, then width and height (big endian), bit depth, colour type.
-    header=$(od -An -tx1 -N26 "$1" | tr -d ' \n')
-    expected=$(printf '89504e470d0a1a0a0000000d49484452%08x%08x0806' "$2" "$3")
-    if [ "$header" != "$expected" ]; then
-        echo "$1: not a PNG of $2 x $3 with 8-bit RGBA pixels" >&2
-        exit 1
-    fi
-}
-
-# render DRAWING WIDTH HEIGHT FILE [OPTION...]
-render() {
-    drawing=$1 width=$2 height=$3 file=$4
-    shift 4
-    rsvg-convert --format png --width "$width" --height "$height" "$@" --output "$file" "$drawing"
-    check_png "$file" "$width" "$height"
-}
+hover_sheet=$(mktemp)
+trap 'rm -f "$hover_sheet"' EXIT
+echo 'svg { color: rgb(231,105,0) }' >"$hover_sheet"
 
 # icon NAME WIDTH HEIGHT NORMAL [HOVER]: names of the images without folder and suffix.
 icon() {
-    render "$drawings/$1.svg" "$2" "$3" "$images/$4.png"
-    if [ $# -gt 4 ]; then
-        render "$drawings/$1.svg" "$2" "$3" "$images/$5.png" --stylesheet "$accent_sheet"
-    fi
+    rsvg-convert -w "$2" -h "$3" -o "$images/$4.png" "$drawings/$1.svg"
+    [ $# -lt 5 ] || rsvg-convert -w "$2" -h "$3" -s "$hover_sheet" -o "$images/$5.png" "$drawings/$1.svg"
 }
 
 icon ic_add            20 20 ic_add_normal            ic_add_highlight
@@ -51,5 +29,5 @@ icon img_none          24 24 img_none
 icon msg_close         24 24 msg_close_normal
 
 for size in 64 128; do
-    render "$workbench_icon.svg" "$size" "$size" "$workbench_icon-$size.png"
+    rsvg-convert -w "$size" -h "$size" -o "$workbench_icon-$size.png" "$workbench_icon.svg"
 done

@@ -6,8 +6,8 @@ set -eu
 run='g++ cmake ninja-build qtbase5-dev qtdeclarative5-dev qttools5-dev qttools5-dev-tools libqt5sql5-sqlite
      qml-module-qtquick2 qttranslations5-l10n fonts-dejavu-core fonts-wqy-microhei'
 test="$run strace xvfb xauth xdotool openbox"
-bench="$run mawk python3 valgrind"
-check="$bench clang clang-format clang-tidy libclang-rt-14-dev shellcheck"
+bench="$run mawk python3"
+check="$run valgrind clang clang-format clang-tidy libclang-rt-14-dev shellcheck"
 # The board's libraries stand beside those of this machine; its compiler and tools run on this machine.
 board='g++-aarch64-linux-gnu qemu-user-static debootstrap dpkg-dev file
        qtbase5-dev:arm64 qtdeclarative5-dev:arm64 qttools5-dev:arm64 libqt5sql5-sqlite:arm64
@@ -21,19 +21,13 @@ for purpose in "$@"; do
         bench) packages="$packages $bench" ;;
         check) packages="$packages $check" ;;
         board) packages="$packages $board" ;;
-        *)
-            echo "usage: setup.sh run | test | bench | check | board ..." >&2
-            exit 2
-            ;;
+        *) echo "usage: setup.sh run | test | bench | check | board ..." >&2; exit 2 ;;
     esac
 done
 
 missing=
 for package in $packages; do
-    case "$(dpkg-query -W -f '${Status}' "$package" 2>/dev/null)" in
-        *' installed') ;;
-        *) missing="$missing $package" ;;
-    esac
+    dpkg-query -W -f '${Status}' "$package" 2>/dev/null | grep -q ' installed$' || missing="$missing $package"
 done
 [ -n "$missing" ] || exit 0
 
