@@ -57,6 +57,7 @@ private slots:
     void adding();
     void addingWhenTheLogFails();
     void addedRowsAreInSight();
+    void sheetsOfARow();
     void addingBeyondTheLimit();
     void hiding();
     void unknownTypeWord();
@@ -209,6 +210,25 @@ void tst_panel::addedRowsAreInSight()
     }
     QCOMPARE(order, QString("m_ediNote  m_bsvMinNumSubscribe m_spbMaxPullBar m_btnMinSwitch m_btnMaxSwitch "
                             "m_btnDelete "));
+}
+
+void tst_panel::sheetsOfARow()
+{
+    Fixture f;
+    f.show();
+    f.add("float");
+    QFile file(QStringLiteral(":/qss_im/HorizontalControlIM.qss"));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QString sheet = QString::fromLatin1(file.readAll());
+    QStringList styled;
+    for (const QWidget* const widget : f.panel->findChildren<QWidget*>()) {
+        if (widget->styleSheet() == sheet) {
+            styled << (widget->inherits("QDialog") ? QStringLiteral("strip") : widget->objectName());
+        }
+    }
+    styled.sort();
+    QCOMPARE(styled.join(' '),
+             "m_btnDelete m_btnLine m_ediNote m_labName m_spbMaxPullBar m_spbMinPullBar strip");
 }
 
 void tst_panel::addingBeyondTheLimit()
