@@ -418,11 +418,11 @@ int main(int argc, char** argv)
         each("show it again/", 1.6, 8, with(showAgain<Bare>), with(showAgain<Real>));
         each("add a row beside/", 1.3, 8, with(add<Bare>), with(add<Real>));
         each("a finished edit/", 1.5, 400, with(buildText), with(finishEdit));
-        each("a stored edit/", 3.0, 60, with(transaction), with(finishStoredEdit));
+        each("a stored edit/", 2.5, 60, with(transaction), with(finishStoredEdit));
     }
     for (const int values : {100, 1000, 10000}) {
         compare(
-            "open a menu/" + std::to_string(values), values == 10000 ? 20.0 : HUGE_VAL, 4,
+            "open a menu/" + std::to_string(values), values == 10000 ? 30.0 : HUGE_VAL, 4,
             [values] { return openList(values); }, [values] { return openSelecter(values); });
     }
     const std::string name = "first slider of a process";
