@@ -20,9 +20,7 @@ public:
         return true;
     }
 
-    static HostApplication* instance() { return static_cast<HostApplication*>(qApp); }
-
-    int exceptions = 0;
+    inline static int exceptions = 0;
 };
 
 /// The main function of a test program with a host's application object.

@@ -1,29 +1,33 @@
 #include "PanelTour.h"
 
+#include "condition/ConditionRecord.h"
+
 #include <QZelCommonControl/ButtonSelecterView.h>
 
-#include <QComboBox>
+#include <QAction>
+#include <QClipboard>
 #include <QFile>
-#include <QLabel>
+#include <QMessageBox>
 #include <QScrollArea>
+#include <QVBoxLayout>
 
 using namespace ZelCore;
 
 PanelTour::PanelTour()
 {
+    (new QVBoxLayout(container))->addWidget(panel);
     auto* const ok = new QPushButton("OK", &host);
     ok->setObjectName("ok");
-    ok->setFocusPolicy(Qt::NoFocus);
+    ok->setFocusPolicy(Qt::TabFocus);
     ok->setDefault(true);
     QObject::connect(ok, &QPushButton::clicked, &host, &QDialog::accept);
-    host.setLayout(new QVBoxLayout);
-    host.layout()->addWidget(container);
-    host.layout()->addWidget(ok);
+    auto* const layout = new QVBoxLayout(&host);
+    layout->addWidget(container);
+    layout->addWidget(ok);
     host.resize(700, 600);
 
-    core.binaryData["IFText"] = "%int0%:0:100:first;short:1;%float0%:0.500:2.250:;%int1%:-5:5x:a b:c;";
-    core.uiData = {{"@%float0%Start", "True"}, {"@%float0%End", "False"}, {"@%int1%End", "True"}};
-    core.bindings = {{"1/%int0%", "5.Count"}, {"0/%float0%Start", "5.Mean"}};
+    core.binaryData["IFText"] = "0";
+    core.runParams["LogicalMode"] = "1";
     core.subscribeTree.CreateList(1);
     SUBSCRIBE_NODE__& module = core.subscribeTree.At(0);
     module.ModuleID = 5;
@@ -35,18 +39,18 @@ PanelTour::PanelTour()
         FillText(module.At(i).SubscribeName, ("5." + values[i]).c_str());
     }
     core.fault = [this](int, const QString& command) {
-        const auto result = answer(command);
-        return result || !command.endsWith("=5.Refused") ? result : CommandResult(Failed, "no such value");
+        const auto result = answer ? answer(command) : std::nullopt;
+        const bool isRefused =
+            command.endsWith("=5.Refused") || (!m_refused.isEmpty() && command.startsWith(m_refused));
+        return !result && isRefused ? CommandResult(Failed, "refused") : result;
     };
-    QObject::connect(&m_warningWatch, &QTimer::timeout, [this] { closeWarning(); });
+    m_warningWatch.callOnTimeout([this] { closeWarning(); });
     m_warningWatch.start(1);
-}
 
-void PanelTour::keepItemTexts() const
-{
-    static auto& kept = *new QStringList; // the leak check runs after the destructors of statics
-    const auto combos = host.findChildren<QComboBox*>();
-    for (const QComboBox* const combo : combos) {
+    // A combo that an exception passes leaves a reference to its item's text behind, which is no leak while
+    // the text is kept. The leak check runs after the destructors of statics.
+    static auto& kept = *new QStringList;
+    for (const auto* const combo : all<QComboBox>({})) {
         kept << combo->itemText(0) << combo->itemText(1);
     }
 }
@@ -59,7 +63,7 @@ QStringList PanelTour::linesOf(const QString& name)
                : QStringList();
 }
 
-QWidget* PanelTour::find(const QString& target) const
+QWidget* PanelTour::findWidget(const QString& target) const
 {
     const QString name = target.section(':', 0, 0);
     const int row = target.section(':', 1).toInt();
@@ -76,53 +80,95 @@ QWidget* PanelTour::find(const QString& target) const
     if (name == "input") {
         return panel->findChildren<ButtonSelecterView*>().value(3 * row); // before those of the bounds
     }
-    return host.findChildren<QWidget*>(name).value(row);
+    return all(name).value(row);
 }
 
-bool PanelTour::perform(const QString& action)
+void PanelTour::show(const QByteArray& ifText)
 {
-    const QString verb = action.section(' ', 0, 0);
-    const QString text = action.section(' ', 2);
-    if (verb == "show" || verb == "hide") {
+    core.binaryData["IFText"] = ifText;
+    perform("show");
+    core.takeCommands();
+}
+
+bool PanelTour::perform(const QString& step)
+{
+    const QString verb = step.section(' ', 0, 0);
+    const QString object = step.section(' ', 1);
+    QWidget* const widget = findWidget(object.section(' ', 0, 0));
+    if (verb == "store") {
+        const QString key = object.section('=', 0, 0);
+        auto& data = key == "IFText" ? core.binaryData : key == "LogicalMode" ? core.runParams : core.uiData;
+        data[key] = object.section('=', 1).toUtf8();
+    } else if (verb == "bind") {
+        core.bindings[object.section('=', 0, 0)] = object.section('=', 1);
+    } else if (verb == "refuse") {
+        m_refused = object;
+    } else if (verb == "show" || verb == "hide") {
         panel->setVisible(verb == "show");
         host.show();
         happened();
-        return true;
-    }
-    QPointer<QWidget> widget = find(action.section(' ', 1, 1));
-    if (!widget || !widget->isVisible()) {
+    } else if (!widget || !widget->isVisible()) {
+        reports << "nothing to be seen";
         return false;
+    } else if (verb == "disable") {
+        widget->setEnabled(false);
+    } else if (verb == "see") {
+        const auto* const field = widget->findChild<QLineEdit*>();
+        const auto* const combo = qobject_cast<QComboBox*>(widget);
+        reports << "= " + (field   ? field->text()
+                           : combo ? combo->currentText()
+                                   : widget->property("text").toString());
+        for (const QAction* const sign : widget->actions()) {
+            reports << "= (!) " + sign->toolTip().replace('\n', "\\n");
+        }
+    } else {
+        work(widget, verb, object.section(' ', 1));
+        happened();
     }
+    return true;
+}
+
+void PanelTour::work(QWidget* widget, const QString& verb, const QString& text)
+{
     if (panel->isAncestorOf(widget)) {
-        at<QScrollArea>("scrollArea")->ensureWidgetVisible(widget);
+        find<QScrollArea>("scrollArea")->ensureWidgetVisible(widget);
     }
     if (verb == "click") {
         QWidget* const part = widget->childAt(widget->rect().center());
-        widget = part ? part : widget.data();
-        QTest::mousePress(widget, Qt::LeftButton);
+        const QPointer<QWidget> pressed = part ? part : widget;
+        QTest::mousePress(pressed, Qt::LeftButton);
         happened();
-        if (widget) {
-            QTest::mouseRelease(widget, Qt::LeftButton);
+        if (pressed) {
+            QTest::mouseRelease(pressed, Qt::LeftButton);
         }
-    } else {
-        QApplication::setActiveWindow(widget->window());
-        widget->setFocus();
-        if (verb == "type") {
-            typeInto(widget, text);
-        } else {
-            const int key = QKeySequence(text)[0];
-            QTest::keyClick(widget, Qt::Key(key & ~Qt::KeyboardModifierMask),
-                            Qt::KeyboardModifiers(key & Qt::KeyboardModifierMask));
-        }
+        return;
     }
-    happened();
-    return true;
+    QApplication::setActiveWindow(widget->window());
+    widget->setFocus();
+    if (verb == "key") {
+        const int key = QKeySequence(text)[0];
+        QTest::keyClick(widget, Qt::Key(key & ~Qt::KeyboardModifierMask),
+                        Qt::KeyboardModifiers(key & Qt::KeyboardModifierMask));
+        return;
+    }
+    QTest::keyClick(widget, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(widget, Qt::Key_Delete);
+    if (verb == "paste") {
+        QGuiApplication::clipboard()->setText(text);
+        QTest::keyClick(widget, Qt::Key_V, Qt::ControlModifier);
+    } else if (text.toLatin1() == text.toUtf8()) {
+        QTest::keyClicks(widget, text);
+    } else {
+        // As an input method sends it.
+        QInputMethodEvent event;
+        event.setCommitString(text);
+        QApplication::sendEvent(widget, &event);
+    }
 }
 
 void PanelTour::performAll()
 {
-    const QStringList steps = linesOf("tour.txt").filter(QRegularExpression("^> "));
-    for (const QString& step : steps) {
+    for (const QString& step : linesOf("tour.txt").filter(QRegularExpression("^> "))) {
         perform(step.mid(2));
     }
 }
@@ -135,9 +181,7 @@ void PanelTour::happened()
         // What a window manager does when a pop-up or a box is gone.
         QApplication::setActiveWindow(&host);
     }
-    if (panel) {
-        afterEvent();
-    }
+    afterEvent();
     if (!panel) {
         throw PanelGone();
     }
@@ -146,7 +190,10 @@ void PanelTour::happened()
 void PanelTour::closeWarning()
 {
     if (const QPointer<QMessageBox> box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
-        warnings << box->text();
+        const bool isPlainWarning = box->icon() == QMessageBox::Warning && box->windowTitle().isEmpty() &&
+                                    box->standardButtons() == QMessageBox::Ok;
+        reports << (isPlainWarning ? "! " : "another box: ") + box->text() +
+                       (box->parentWidget() ? " (over the panel)" : "");
         // An event like others, but the tour must not be left from within the box.
         afterEvent();
         if (box) {
@@ -157,30 +204,24 @@ void PanelTour::closeWarning()
 
 QStringList PanelTour::shownRows() const
 {
-    const auto names = all<QLabel>("m_labName");
-    const auto notes = all<QLineEdit>("m_ediNote");
-    const auto lower = all<QDoubleSpinBox>("m_spbMinPullBar");
-    const auto upper = all<QDoubleSpinBox>("m_spbMaxPullBar");
     QStringList rows;
-    for (int row = 0; row < names.size(); ++row) {
-        const bool isFloat = names[row]->text().contains("float");
-        const auto bound = [isFloat](const QDoubleSpinBox* box) {
-            return isFloat ? QString::number(box->value(), 'f', 3) : QString::number(int(box->value()));
-        };
-        rows << QString("%%1%:%2:%3:%4;")
-                    .arg(names[row]->text(), bound(lower[row]), bound(upper[row]), notes[row]->text());
+    for (const auto* const name : all<QLabel>("m_labName")) {
+        const int row = rows.size();
+        const double lower = all<QDoubleSpinBox>("m_spbMinPullBar")[row]->value();
+        const double upper = all<QDoubleSpinBox>("m_spbMaxPullBar")[row]->value();
+        const QString note = all<QLineEdit>("m_ediNote")[row]->text();
+        rows << ConditionRecord::toText({{name->text(), lower, upper, note}});
     }
     return rows;
 }
 
 QByteArray PanelTour::shown() const
 {
-    const QString text = shownRows().join(QString());
-    return text.isEmpty() ? QByteArray("0") : text.toUtf8().left(text.size());
+    return all("m_labName").isEmpty() ? "0" : ConditionRecord::toStored(shownRows().join(QString()));
 }
 
 bool PanelTour::isModeStored() const
 {
-    const int index = at<QComboBox>("cbox_determineType")->currentIndex();
+    const int index = find<QComboBox>("cbox_determineType")->currentIndex();
     return core.runParams["LogicalMode"] == QByteArray::number(index + 1);
 }

@@ -1,55 +1,89 @@
 #pragma once
 
-#include "PanelFixture.h"
+#include "FakeCore.h"
 #include "QIfModuleMainView.h"
 
+#include <QComboBox>
 #include <QDialog>
+#include <QDoubleSpinBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPointer>
+#include <QPushButton>
+#include <QTimer>
+#include <QtTest>
 
-/// Works a panel in a host's dialog as a user does, step by step. A step is a line of text, for example
-/// "type m_ediNote:1 hole": what is done, the widget's object name with its row, and a text.
-class PanelTour : public PanelFixture<QIfModuleMainView>
+/// Works a panel of module 7 in a host's dialog as a user does, over a fake core that holds a new module and
+/// offers values to subscribe, of which it refuses the last.
+///
+/// A step is a line of text: what is done, in most cases a widget, and a text.
+///
+///     show, hide                  the panel
+///     click WIDGET                in its middle
+///     type, paste WIDGET TEXT     in place of what is there
+///     key WIDGET KEY              for example Shift+Tab
+///     disable WIDGET
+///     see WIDGET                  reports its text, and the tool tips of its signs
+///     store, bind KEY=VALUE       in the core, past the panel
+///     refuse COMMAND              those that begin so, until the next such step
+///
+/// A widget is an object name, with ":1" for example that in the second row; "focus"; "slider"; or "input:1".
+class PanelTour
 {
 public:
     /// Thrown by perform() once the panel has been destroyed.
     struct PanelGone
     {};
 
-    /// What tour.txt says is stored, with values to subscribe of which the core refuses the last.
     PanelTour();
     ~PanelTour() { core.fault = nullptr; }
-    Q_DISABLE_COPY(PanelTour)
 
-    /// The lines of a file in tests/tour, without comments. In tour.txt steps follow "> ".
+    /// The lines of a file in tests/tour, without comments. In transcripts steps follow "> ".
     static QStringList linesOf(const QString& name);
 
+    /// Shows the panel with these conditions stored.
+    void show(const QByteArray& ifText = "0");
     /// False if the widget is missing or not visible; nothing is done then.
-    bool perform(const QString& action);
+    bool perform(const QString& step);
     /// The tour through all that the panel offers.
     void performAll();
-    QWidget* find(const QString& target) const;
-    /// To be called before a command throws: a combo that an exception passes leaves a reference to its
-    /// item's text behind, which is no leak while the text is kept.
-    void keepItemTexts() const;
+
+    template <typename Widget = QWidget>
+    Widget* find(const QString& target) const
+    {
+        return qobject_cast<Widget*>(findWidget(target));
+    }
+    /// In row order.
+    template <typename Widget = QWidget>
+    QList<Widget*> all(const QString& name) const
+    {
+        return host.findChildren<Widget*>(name);
+    }
 
     /// The conditions as the widgets show them, in the form in which they are stored.
     QStringList shownRows() const;
     QByteArray shown() const;
+    QByteArray stored() const { return core.binaryData["IFText"]; }
     bool isModeStored() const;
 
+    FakeCore core;
     QDialog host;
+    QWidget* container = new QWidget(&host);
+    QPointer<QIfModuleMainView> panel = new QIfModuleMainView(7, container);
     /// Called after each event, of which a step can have several; may destroy the panel.
     std::function<void()> afterEvent = [] {};
     /// Called for each command; a result it returns is the answer, and the command has no effect. It may
     /// throw.
-    std::function<std::optional<ZelCore::CommandResult>(const QString&)> answer = [](auto&) {
-        return std::nullopt;
-    };
-    /// Texts of the warning boxes that were shown and closed.
-    QStringList warnings;
+    std::function<std::optional<ZelCore::CommandResult>(const QString&)> answer;
+    /// What is to be seen: "= " and a text, "! " and that of a warning box, which is then closed; or nothing.
+    QStringList reports;
 
 private:
+    QWidget* findWidget(const QString& target) const;
+    void work(QWidget* widget, const QString& verb, const QString& text);
     void happened();
     void closeWarning();
 
+    QString m_refused;
     QTimer m_warningWatch;
 };

@@ -2,7 +2,7 @@
 #include "CoreSession.h"
 #include "FlowModuleModel.h"
 #include "HostApplication.h"
-#include "PanelFixture.h"
+#include "PanelTour.h"
 #include "QIfModuleMainView.h"
 #include "UndoHistory.h"
 #include "commands/CommandLogView.h"
@@ -18,6 +18,7 @@
 #include <QPlainTextEdit>
 #include <QTableView>
 #include <QTemporaryDir>
+#include <QVBoxLayout>
 
 #include <sys/stat.h>
 
@@ -153,10 +154,10 @@ void tst_inspection::liveRow()
 
 void tst_inspection::whatAPanelShows()
 {
-    PanelFixture<QIfModuleMainView> f;
+    PanelTour f;
     f.show("%int0%:1:5:a;%other%:0:0:x;%float0%:0.500:2.250:b;%int1%:3:4:;");
-    f.at<QPushButton>("m_btnDelete")->click();
-    f.add("int");
+    f.perform("click m_btnDelete");
+    f.perform("click btn_add");
     QCOMPARE(ConditionRecord::toText(ShownConditions::read(*f.panel)),
              "%other%:0:0:x;%float0%:0.500:2.250:b;%int1%:3:4:;%int0%:1:1000:;");
 }

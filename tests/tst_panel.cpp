@@ -1,42 +1,55 @@
 #include "HorizontalControlIM.h"
 #include "LogCapture.h"
-#include "PanelFixture.h"
-#include "QIfModuleMainView.h"
-#include "StyleSheet.h"
+#include "PanelTour.h"
 
 #include <QAbstractItemView>
-#include <QAction>
 #include <QDir>
-#include <QLabel>
 #include <QResource>
+#include <QScopeGuard>
 #include <QScrollArea>
 #include <QScrollBar>
-#include <QSignalSpy>
-#include <QToolButton>
+
+#include <cstdio>
 
 using namespace ZelCore;
 
 namespace {
 
-struct Fixture : PanelFixture<QIfModuleMainView>
+using Strip = RangeSelectControlIM;
+
+struct Fixture : PanelTour
 {
-    int rows() const { return all<QLabel>("m_labName").size(); }
-    QLineEdit* note() const { return at<QLineEdit>("m_ediNote"); }
-    QPushButton* deleteButton(int row = 0) const { return at<QPushButton>("m_btnDelete", row); }
-    ButtonSelecterView* input() const { return panel->findChildren<ButtonSelecterView*>(QString()).first(); }
+    int rows() const { return all("m_labName").size(); }
+    QLineEdit* note(int row = 0) const { return all<QLineEdit>("m_ediNote").value(row); }
+    Strip* strip() const { return panel->findChild<Strip*>(); }
+    QDoubleSpinBox* lower() const { return find<QDoubleSpinBox>("m_spbMinPullBar"); }
+    QDoubleSpinBox* upper() const { return find<QDoubleSpinBox>("m_spbMaxPullBar"); }
+    QString bounds() const { return lower()->text() + ' ' + upper()->text(); }
     void load() const
     {
         QShowEvent event;
         QApplication::sendEvent(panel, &event);
     }
-    // Fails every command whose line begins so.
-    void refuse(const QString& beginning)
-    {
-        core.fault = [beginning](int, const QString& line) {
-            return line.startsWith(beginning) ? std::optional<CommandResult>(NothingChanged) : std::nullopt;
-        };
-    }
 };
+
+// From the window system.
+void turnWheelOver(const QWidget* widget)
+{
+    const QWidget* const window = widget->window();
+    const QPoint place = widget->mapTo(window, widget->rect().center());
+    QWheelEvent event(place, window->mapToGlobal(place), {}, {0, -120}, {}, {}, Qt::NoScrollPhase, false);
+    QSpontaneKeyEvent::setSpontaneous(&event);
+    qApp->notify(window->windowHandle(), &event);
+}
+
+// Opens the panel's registry.
+auto& registryOf(QIfModuleMainView& panel);
+template <auto Registry>
+struct OpenRegistry
+{
+    friend auto& registryOf(QIfModuleMainView& panel) { return panel.*Registry; }
+};
+template struct OpenRegistry<&QIfModuleMainView::m_mapIMHorControls>;
 
 // Compiles only if programs may take the address of these members.
 template <auto... Members>
@@ -44,36 +57,98 @@ constexpr bool exist = sizeof...(Members) > 0;
 
 } // namespace
 
-/// What the tour does not show.
 class tst_panel : public QObject
 {
     Q_OBJECT
 
 private slots:
+    void transcripts_data();
+    void transcripts();
     void interface();
     void loads();
     void loadsDisturbNothing();
-    void storedMode();
-    void adding();
+    void unknownTypeWord();
     void addingWhenTheLogFails();
     void addedRowsAreInSight();
     void sheetsOfARow();
     void addingBeyondTheLimit();
-    void hiding();
-    void unknownTypeWord();
-    void refusedBinding();
-    void keysInAHostsDialog();
+    void deletingWhileAWarningIsOpen();
+    void entriesWithoutRow();
+    void sourcesOfBounds();
+    void longBoundsFit();
+    void sliderMoves();
+    void sliderCloses();
     void wheelScrollsTheList();
-    void losses();
     void dropDowns();
     void resources();
+    void missingSheets();
 };
+
+void tst_panel::transcripts_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<QString>("locale");
+    const std::pair<QString, QString> transcripts[] = {
+        {"tour", "C"},       {"loading", "C"},    {"reading", "C"},   {"adding", "C"}, {"bounds", "C"},
+        {"bounds", "de_DE"}, {"bounds", "ar_EG"}, {"finishing", "C"}, {"slider", "C"}, {"notes", "C"}};
+    for (const auto& [file, locale] : transcripts) {
+        QTest::newRow(qPrintable(file + '-' + locale)) << file + ".txt" << locale;
+    }
+}
+
+// The tour has everything that happens, the others commands and what is to be seen.
+void tst_panel::transcripts()
+{
+    QFETCH(QString, file);
+    QFETCH(QString, locale);
+    QLocale::setDefault(QLocale(locale));
+    const auto reset = qScopeGuard([] { QLocale::setDefault(QLocale::c()); });
+    const QStringList lines = PanelTour::linesOf(file);
+    PanelTour tour;
+    QStringList told;
+    LogCapture log;
+    char* printed = nullptr;
+    std::size_t size = 0;
+    std::FILE* const standardOutput = std::exchange(stdout, open_memstream(&printed, &size));
+    const auto tell = [&] {
+        // The place of the slider is the window system's.
+        static const QRegularExpression place("^(\\d+ ?){4}$");
+        QStringList happened;
+        for (QString& line : log.takeLines()) {
+            happened << "| " + line.replace(place, "(x y width height)");
+        }
+        std::fflush(stdout);
+        if (size != 0) {
+            happened << "* " + QString::fromUtf8(printed, static_cast<int>(size));
+            std::rewind(stdout);
+        }
+        told << (file == "tour.txt" ? happened.replaceInStrings("\n", "\\n") : QStringList())
+             << std::exchange(tour.reports, {});
+    };
+    tour.answer = [&](const QString& command) {
+        tell();
+        told << command;
+        return std::nullopt;
+    };
+    for (const QString& step : lines.filter(QRegularExpression("^> "))) {
+        told << step;
+        tour.perform(step.mid(2));
+        tell();
+    }
+    std::fclose(std::exchange(stdout, standardOutput));
+    std::free(printed);
+    for (int i = 0; i < qMax(told.size(), lines.size()); ++i) {
+        QVERIFY2(told.value(i) == lines.value(i),
+                 qPrintable(told.value(i) + "\ninstead of\n" + lines.value(i) + "\nafter\n" +
+                            QStringList(lines.mid(0, i)).join('\n').right(200)));
+    }
+    QCOMPARE(log.warnings(), QStringList());
+}
 
 void tst_panel::interface()
 {
     using Panel = QIfModuleMainView;
     using Row = HorizontalControlIM;
-    using Strip = RangeSelectControlIM;
     using Parse = void(SUBSCRIBE_NODE__&, QJsonObject&, int);
     static_assert(
         exist<&Panel::InitUI, &Panel::InitConnect, &Panel::InitInstallFilter, &Panel::QueryIfModuleInfo,
@@ -98,80 +173,58 @@ void tst_panel::loads()
 {
     Fixture f;
     f.show("%int0%:0:100:a;%float0%:0.500:2.250:孔;");
-    QCOMPARE(f.at<QDoubleSpinBox>("m_spbMaxPullBar")->maximum(), 999999999.0);
-    QCOMPARE(f.at<QDoubleSpinBox>("m_spbMaxPullBar", 1)->maximum(), 100000.0);
-    const std::pair<const char*, QWidget*> columns[] = {
-        {"lab_name", f.at<QLabel>("m_labName")},
-        {"lab_note", f.note()},
-        {"lab_condition", f.input()},
-        {"lab_effectRange", f.panel->findChild<RangeSelectControlIM*>()}};
+    const std::pair<const char*, QWidget*> columns[] = {{"lab_name", f.find("m_labName")},
+                                                        {"lab_note", f.note()},
+                                                        {"lab_condition", f.find("input")},
+                                                        {"lab_effectRange", f.strip()}};
     for (const auto& [heading, column] : columns) {
-        const auto* const label = f.at<QLabel>(heading);
+        const QWidget* const label = f.find(heading);
         QCOMPARE(label->mapTo(f.panel, QPoint()).x(), column->mapTo(f.panel, QPoint()).x());
         QVERIFY2(label->width() >= column->width(), heading);
     }
+    // In a dialog without a default button Return would click the first that is auto-default.
+    for (const auto* const button : f.panel->findChildren<QPushButton*>()) {
+        QVERIFY2(!button->autoDefault(), qPrintable(button->objectName()));
+    }
     // A focused note with unsaved text goes with its row and must not store half a list.
-    typeInto(f.note(), "unsaved");
+    f.perform("type m_ediNote unsaved");
     f.load();
     QVERIFY(f.core.takeCommands().filter("Set").isEmpty() && f.rows() == 2);
-    // A note is typed on at its end.
-    QTest::keyClicks(f.note(), "bc");
-    QCOMPARE(f.note()->text() + f.note()->toolTip(), QString("abcabc"));
+    QCOMPARE(f.note()->text() + f.note()->toolTip(), QString("aa"));
     // More than the panel itself adds.
     f.core.binaryData["IFText"] = QByteArray("%int0%:1:2:;").repeated(200);
     f.load();
-    QVERIFY(f.rows() == 200 && f.deleteButton(199)->isVisible());
+    QVERIFY(f.rows() == 200 && f.find("m_btnDelete:199")->isVisible());
 }
 
 void tst_panel::loadsDisturbNothing()
 {
     Fixture f;
-    auto* const field = f.addField("host");
-    field->setFocus();
     f.show("%int0%:0:100:a;");
-    QVERIFY2(!field->hasSelectedText(), "a field of the host was entered once more");
+    auto* const field = new QLineEdit("host", &f.host);
+    field->show();
     QSignalSpy focusChanges(qApp, &QApplication::focusChanged);
-    for (QWidget* const focus : {f.panel->nextInFocusChain(), f.at<QWidget>("btn_add")}) {
+    for (QWidget* const focus :
+         {static_cast<QWidget*>(field), f.panel->nextInFocusChain(), f.find("btn_add")}) {
         focus->setFocus();
         focusChanges.clear();
         f.load();
         QCOMPARE(focusChanges.count(), 0);
+        QVERIFY2(!field->hasSelectedText(), "a field of the host is entered once more");
     }
-    f.at<QWidget>("widget_2")->hide();
+    f.find("widget_2")->hide();
     f.panel->QueryIfModuleInfo();
-    QVERIFY(f.at<QWidget>("widget_2")->isHidden());
+    QVERIFY(f.find("widget_2")->isHidden());
 }
 
-void tst_panel::storedMode()
+void tst_panel::unknownTypeWord()
 {
     Fixture f;
-    f.show("%int0%:0:100:a;");
-    const auto index = [&f] { return f.at<QComboBox>("cbox_determineType")->currentIndex(); };
-    for (const QByteArray stored : {"1", "2", " 1x", "0", "1", "", "abc"}) {
-        f.core.runParams["LogicalMode"] = stored;
-        f.load();
-        QCOMPARE(index(), stored.trimmed().startsWith('1') ? 0 : 1);
-    }
-    // A load that fails leaves the rows, or only the mode, as they are.
-    f.core.runParams["LogicalMode"] = "1";
-    for (const QString query : {"QueryBinaryData 7 IFText", "QueryRunParam 7 LogicalMode"}) {
-        f.refuse(query);
-        f.load();
-        QCOMPARE(f.core.takeCommands().last(), query);
-        QVERIFY(f.rows() == 1 && index() == 1);
-    }
-}
-
-// No IO is asked for after one that was refused, and nothing is saved.
-void tst_panel::adding()
-{
-    for (const QString io : {"%int0%", "%int0Out%", "%int0Min%", "%int0Max%"}) {
-        Fixture f;
-        f.show();
-        f.refuse("AddIO 7 " + io);
-        f.add("int");
-        QVERIFY(f.core.takeCommands().last().startsWith("AddIO 7 " + io) && f.rows() == 1);
-    }
+    f.show();
+    f.find<QComboBox>("cbox_typeSelect")->setItemText(0, "bool");
+    f.perform("click btn_add");
+    QVERIFY(f.core.takeCommands().contains("AddIO 7 %% class=1 type= flags=01110101111"));
+    QCOMPARE(f.stored(), QByteArray("%%:0:0:;"));
 }
 
 void tst_panel::addingWhenTheLogFails()
@@ -196,13 +249,12 @@ void tst_panel::addedRowsAreInSight()
     Fixture f;
     f.show(QByteArray("%int0%:1:2:;").repeated(20));
     f.core.uiData["@%int1%Start"] = "True";
-    f.add("int");
+    f.find<QPushButton>("btn_add")->click();
     QCOMPARE(f.core.lastTimeOut, 5000u);
-    auto* const note = f.at<QLineEdit>("m_ediNote", 20);
-    QVERIFY(!note->visibleRegion().isEmpty());
+    QVERIFY(!f.note(20)->visibleRegion().isEmpty());
     // Tab leads to note, selector, bounds, switches, and delete.
     QString order;
-    note->setFocus();
+    f.note(20)->setFocus();
     for (int i = 0; i < 7; ++i) {
         QWidget* const focus = QApplication::focusWidget();
         order += (focus->inherits("QToolButton") ? focus->parent() : focus)->objectName() + ' ';
@@ -216,14 +268,14 @@ void tst_panel::sheetsOfARow()
 {
     Fixture f;
     f.show();
-    f.add("float");
-    QFile file(QStringLiteral(":/qss_im/HorizontalControlIM.qss"));
+    f.perform("click btn_add");
+    QFile file(":/qss_im/HorizontalControlIM.qss");
     QVERIFY(file.open(QIODevice::ReadOnly));
     const QString sheet = QString::fromLatin1(file.readAll());
     QStringList styled;
-    for (const QWidget* const widget : f.panel->findChildren<QWidget*>()) {
+    for (const auto* const widget : f.panel->findChildren<QWidget*>()) {
         if (widget->styleSheet() == sheet) {
-            styled << (widget->inherits("QDialog") ? QStringLiteral("strip") : widget->objectName());
+            styled << (widget == f.strip() ? "strip" : widget->objectName());
         }
     }
     styled.sort();
@@ -235,99 +287,158 @@ void tst_panel::addingBeyondTheLimit()
 {
     Fixture f;
     f.show(QByteArray("%int0%:1:2:;").repeated(31));
-    f.add("int");
+    auto* const add = f.find<QPushButton>("btn_add");
+    add->click();
     f.core.takeCommands();
     LogCapture log;
     // The panel goes while its warning is open.
-    NextWarning warning([&f] { delete f.panel; });
-    f.add("float");
-    QVERIFY(warning.text == "最多添加: 32" && warning.hasParent && !f.panel);
-    QVERIFY(f.core.takeCommands().isEmpty() && log.lines().isEmpty());
+    f.afterEvent = [&f] { delete f.panel; };
+    add->click();
+    QCOMPARE(f.reports + f.core.takeCommands() + log.lines(), QStringList("! 最多添加: 32 (over the panel)"));
 }
 
-void tst_panel::hiding()
-{
-    // Whether another field can take the focus: Qt finishes a field then, edited or not. Where, what is
-    // typed, and what is saved.
-    const std::tuple<bool, const char*, QString, QString> cases[] = {
-        {false, "m_ediNote", "b", "0:100:b"},
-        {false, "m_ediNote", "b\r", ""},
-        {false, "m_ediNote", "", ""},
-        {false, "m_spbMaxPullBar", "7", "0:7:a"},
-        {false, "m_spbMaxPullBar", "-7\r", ""},
-        {false, "m_spbMaxPullBar", "Up", "0:101:a"},
-        {true, "m_ediNote", "b", "0:100:b"},
-        {true, "m_ediNote", "", "0:100:a"},
-        {true, "btn_add", "", ""}};
-    for (const auto& [hasField, edited, keys, saved] : cases) {
-        Fixture f;
-        QWidget* const field = hasField ? f.addField("") : nullptr;
-        f.show("%int0%:0:100:a;");
-        auto* const widget = f.at<QWidget>(edited);
-        widget->setFocus();
-        if (keys == "Up") {
-            QTest::keyClick(widget, Qt::Key_Up);
-        } else if (!keys.isEmpty()) {
-            typeInto(widget, keys);
-        }
-        f.core.takeCommands();
-        f.panel->on_btn_close_clicked();
-        QCOMPARE(f.core.takeCommands().join(' '),
-                 saved.isEmpty() ? "" : "SetBinaryData 7 IFText=%int0%:" + saved + ';');
-        QCOMPARE(QApplication::focusWidget(), hasField ? field : widget);
-    }
-    Fixture f;
-    f.addField("");
-    f.show("%int0%:0:100:a;");
-    typeInto(f.note(), "b");
-    f.window.hide();
-    QCOMPARE(f.stored(), QByteArray("%int0%:0:100:b;"));
-}
-
-void tst_panel::unknownTypeWord()
-{
-    Fixture f;
-    f.show();
-    f.at<QComboBox>("cbox_typeSelect")->setItemText(0, "bool");
-    f.add("bool");
-    QVERIFY(f.core.takeCommands().contains("AddIO 7 %% class=1 type= flags=01110101111"));
-    QCOMPARE(f.stored(), QByteArray("%%:0:0:;"));
-}
-
-// The tour shows a binding that is refused. Here the row goes while its warning is open.
-void tst_panel::refusedBinding()
+void tst_panel::deletingWhileAWarningIsOpen()
 {
     Fixture f;
     f.show("%int0%:0:100:a;");
-    f.refuse("SetFilterSource");
-    NextWarning warning([&f] { f.deleteButton()->click(); });
-    emit f.input()->sigEdiSubscribeInfoChanged("9.Refused");
-    QVERIFY(warning.text == "未找到绑定数据" && !warning.hasParent);
+    f.afterEvent = [&f] { f.find<QPushButton>("m_btnDelete")->click(); };
+    emit f.find<ButtonSelecterView>("input")->sigEdiSubscribeInfoChanged("5.Refused");
+    QCOMPARE(f.reports, QStringList("! 未找到绑定数据"));
     QCOMPARE(f.stored(), QByteArray("0"));
 }
 
-void tst_panel::keysInAHostsDialog()
+void tst_panel::entriesWithoutRow()
 {
     Fixture f;
-    QDialog dialog;
-    (new QVBoxLayout(&dialog))->addWidget(f.panel);
-    f.core.binaryData["IFText"] = "%int0%:1:2:a;";
-    dialog.show();
-    QVERIFY(QTest::qWaitForWindowActive(&dialog));
-    f.core.takeCommands();
-    for (const char* const name : {"m_ediNote", "m_spbMaxPullBar", "m_btnMinSwitch", "btn_add"}) {
-        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape}) {
-            auto* const widget = f.at<QWidget>(key == Qt::Key_Escape ? "m_spbMaxPullBar" : name);
-            widget->setFocus();
-            QTest::keyClick(widget, key);
+    f.show("%int0%:1:2:a;%int1%:3:4:b;");
+    registryOf(*f.panel).prepend({{"int3", nullptr}});
+    for (const char* const step : {"click btn_add", "click m_btnDelete:0", "click lab_help", "hide"}) {
+        f.perform(step);
+    }
+    f.panel->onBtnDeleteOpt("int3");
+    QCOMPARE(f.stored(), QByteArray("%int1%:3:4:b;%int2%:1:1000:;"));
+    QCOMPARE(registryOf(*f.panel).size(), 2);
+    // A row that is gone is not read when the panel loads or goes.
+    delete f.panel->findChild<HorizontalControlIM*>();
+    f.load();
+    QCOMPARE(f.rows(), 2);
+    delete f.panel->findChild<HorizontalControlIM*>();
+}
+
+void tst_panel::sourcesOfBounds()
+{
+    Fixture f;
+    f.show("%int0%:0:100:a;");
+    QVERIFY(f.strip()->size() == QSize(230, 30) && (f.strip()->windowFlags() & Qt::FramelessWindowHint));
+    const QString edit = "background-image: url(:/img_im/ImageResource/ic_btn_editswitch_normal.png);";
+    const QString link = "background-image: url(:/img_im/ImageResource/ic_btn_linkswitch_normal.png);";
+    for (const QString& sheet : {QString(), edit, link}) {
+        QString shown;
+        for (int i = 0; i < f.strip()->layout()->count(); ++i) {
+            const QWidget* const widget = f.strip()->layout()->itemAt(i)->widget();
+            const QSize size = widget->maximumSize();
+            shown += widget->isHidden()
+                         ? QString()
+                         : widget->objectName() + QString(" %1x%2 ").arg(size.width()).arg(size.height());
+        }
+        QCOMPARE(shown, QString("m_%1Min%2 80x30 m_btnMinSwitch 30x30 m_btnLine 10x1 m_%1Max%2 80x30 "
+                                "m_btnMaxSwitch 30x30 ")
+                            .arg(sheet == edit ? "bsv" : "spb", sheet == edit ? "NumSubscribe" : "PullBar"));
+        for (const char* const name : {"m_btnMinSwitch", "m_btnMaxSwitch"}) {
+            QCOMPARE(f.find(name)->styleSheet(), sheet);
+            f.find<QPushButton>(name)->click();
         }
     }
-    // Return in a field, and leaving it, save what stands there, and nothing else happens.
-    QStringList commands = f.core.takeCommands();
-    commands.removeDuplicates();
-    QCOMPARE(commands, QStringList("SetBinaryData 7 IFText=%int0%:1:2:a;"));
-    for (const auto* const button : f.panel->findChildren<QPushButton*>()) {
-        QVERIFY2(button->isVisible() && !button->autoDefault(), qPrintable(button->objectName()));
+    f.core.takeCommands();
+    f.strip()->onQuerySubscribeMenuInfo("int"); // by no selector
+    QCOMPARE(f.core.takeCommands(), QStringList("QuerySubscribeTree 7 range=1 types=1 int"));
+}
+
+void tst_panel::longBoundsFit()
+{
+    Fixture f;
+    f.show("%int0%:0:100:;");
+    auto* const edit = f.lower()->findChild<QLineEdit*>();
+    f.perform("type m_spbMinPullBar 23328824");
+    f.strip()->SetCurrentMax(23328825);
+    f.upper()->setFocus();
+    QVERIFY(edit->fontMetrics().horizontalAdvance("23328824.000") <= edit->width() - 4);
+    QCOMPARE(edit->text() + f.lower()->toolTip(), QString("23328824.00023328824.000"));
+    // What does not fit even so ends in an ellipsis.
+    f.strip()->SetCurrentMin(-999999999);
+    const QImage picture = edit->grab().toImage();
+    bool isElided = false;
+    const QSignalBlocker quiet(edit);
+    for (int length = 13; length > 0; --length) {
+        edit->setText(QString("-999999999.000").left(length) + QChar(0x2026));
+        isElided = isElided || edit->grab().toImage() == picture;
+    }
+    QVERIFY(isElided);
+}
+
+void tst_panel::sliderMoves()
+{
+    Fixture f;
+    f.show("%int0%:1:1000:;");
+    QSignalSpy lower(f.strip(), &Strip::sigMinRangeChanged);
+    QSignalSpy upper(f.strip(), &Strip::sigMaxRangeChanged);
+    const auto refuseEdit = [&f] {
+        f.lower()->setValue(2000);
+        f.strip()->onRangeEditFinish();
+    };
+    f.strip()->onQmlRangeSliderValueChanged(10, 90);
+    QVERIFY(f.bounds() == "10.000 90.000" && lower.count() == 1 && upper.isEmpty());
+    refuseEdit();
+    QCOMPARE(f.bounds(), QString("10.000 90.000"));
+    LogCapture log;
+    f.strip()->onRangeSliderLowerValueChanged(3);
+    f.strip()->onRangeSliderUpperValueChanged(4);
+    QVERIFY(f.bounds() == "3.000 4.000" && lower.count() == 2 && upper.count() == 1);
+    QCOMPARE(log.lines(),
+             QStringList("[RangeSelectControlIM]: onRangeSliderLowerValueChanged start. value=[3]"));
+    refuseEdit();
+    QVERIFY(f.bounds() == "3.000 4.000" && f.strip()->GetCurrentMin() == 3 &&
+            f.strip()->GetCurrentMax() == 4);
+    f.strip()->SetRange(0, 10);
+    QVERIFY(f.upper()->maximum() == 10 && f.strip()->GetMaxRange() == 999999999);
+    // What the slider sets is no edit that hiding would have to finish.
+    f.perform("disable ok");
+    f.lower()->setFocus();
+    f.strip()->onQmlRangeSliderValueChanged(5, 6);
+    f.core.takeCommands();
+    f.perform("hide");
+    QCOMPARE(f.core.takeCommands(), QStringList());
+}
+
+void tst_panel::sliderCloses()
+{
+    // What is done while a bound has the focus, whether it closes the slider, and whether it finishes the
+    // edit.
+    const std::tuple<const char*, std::function<void(Fixture&)>, bool, bool> cases[] = {
+        {"layout", [](Fixture& f) { QApplication::postEvent(&f.host, new QEvent(QEvent::LayoutRequest)); },
+         true, false},
+        {"focus elsewhere", [](Fixture& f) { f.note()->setFocus(); }, true, true},
+        {"focus in the other field", [](Fixture& f) { f.upper()->setFocus(); }, false, true},
+        {"Escape", [](Fixture& f) { QTest::keyClick(f.lower(), Qt::Key_Escape); }, true, false},
+        {"another key", [](Fixture& f) { QTest::keyClick(f.lower(), Qt::Key_1); }, false, false},
+        {"wheel beside", [](Fixture& f) { turnWheelOver(f.find("widget_2")); }, true, false},
+        {"wheel in the slider", [](Fixture& f) { turnWheelOver(f.find("slider")); }, false, false},
+        {"the list moves", [](Fixture& f) { f.find("widget_2")->move(0, -30); }, true, false},
+        {"the window moves", [](Fixture& f) { f.host.move(50, 50); }, false, false}};
+    for (const auto& [what, act, isClosed, isFinished] : cases) {
+        Fixture f;
+        f.show("%int0%:1:1000:;");
+        for (const auto* const spinBox : {f.upper(), f.lower(), f.lower()}) {
+            QTest::mouseClick(spinBox->findChild<QLineEdit*>(), Qt::LeftButton);
+            QVERIFY(f.find("slider"));
+        }
+        QCOMPARE(f.find("slider")->geometry(), QRect(f.lower()->mapToGlobal(QPoint(0, 30)), QSize(230, 25)));
+        f.core.takeCommands();
+        act(f);
+        QCoreApplication::sendPostedEvents(&f.host, QEvent::LayoutRequest);
+        QVERIFY2(!f.find("slider") == isClosed, what);
+        QVERIFY2(f.lower()->hasFocus() != isFinished, what);
+        QVERIFY2(f.core.takeCommands().size() == int(isClosed) + int(isFinished), what);
     }
 }
 
@@ -335,50 +446,18 @@ void tst_panel::wheelScrollsTheList()
 {
     Fixture f;
     f.show(QByteArray("%int0%:1:2:;").repeated(20));
-    auto* const bar = f.at<QScrollArea>("scrollArea")->verticalScrollBar();
+    auto* const bar = f.find<QScrollArea>("scrollArea")->verticalScrollBar();
     for (const char* const name : {"m_spbMinPullBar", "m_spbMaxPullBar", "cbox_determineType"}) {
-        auto* const widget = f.at<QWidget>(name);
+        QWidget* const widget = f.find(name);
         for (const bool hasFocus : {false, true}) {
-            f.at<QWidget>(hasFocus ? name : "btn_add")->setFocus();
+            f.find(hasFocus ? name : "btn_add")->setFocus();
             bar->setValue(0);
             const QImage before = widget->grab().toImage();
-            const QPoint place = widget->mapTo(&f.window, widget->rect().center());
-            QWheelEvent event(place, f.window.mapToGlobal(place), {}, {0, -120}, {}, {}, Qt::NoScrollPhase,
-                              false);
-            QSpontaneKeyEvent::setSpontaneous(&event); // from the window system
-            qApp->notify(f.window.windowHandle(), &event);
+            turnWheelOver(widget);
             QVERIFY2(widget->hasFocus() == hasFocus && (bar->value() == 0) == hasFocus, name);
             QVERIFY2((widget->grab().toImage() != before) == hasFocus, name);
         }
     }
-}
-
-void tst_panel::losses()
-{
-    Fixture f;
-    f.show("%int0%:1:2:;%int1%:1:2:a;%int2%:1:2:b;");
-    f.core.takeCommands();
-    const auto warning = [&f] {
-        return f.note()->actions().isEmpty() ? "" : f.note()->actions().first()->toolTip();
-    };
-    const std::pair<QString, QString> cases[] = {
-        {"孔", "保存时末尾丢失的字节数：2"},
-        {"é孔\U0001F529", "保存时末尾丢失的字节数：5\n不再恢复的条件：int2"},
-        {"孔孔孔孔孔孔孔孔孔孔", "保存时末尾丢失的字节数：20\n不再恢复的条件：int1, int2"},
-        {"x:y", "注释只恢复为：x"},
-        {"x;y", "注释只恢复为：x"},
-        {"x;%int9%:1:2:y", "注释只恢复为：x\n另外恢复的条件：int9"},
-        {"x", ""}};
-    for (const auto& [text, expected] : cases) {
-        typeInto(f.note(), text);
-        QCOMPARE(warning(), expected);
-        QVERIFY(f.at<QLineEdit>("m_ediNote", 1)->actions().isEmpty() && f.note()->hasFocus());
-    }
-    QVERIFY(f.core.takeCommands().isEmpty() && f.note()->size() == QSize(100, 30));
-    typeInto(f.note(), "孔孔孔孔");
-    f.deleteButton(2)->click();
-    f.deleteButton(1)->click();
-    QCOMPARE(warning(), QString("保存时末尾丢失的字节数：8\n注释只恢复为：孔\uFFFD\uFFFD"));
 }
 
 void tst_panel::dropDowns()
@@ -388,7 +467,6 @@ void tst_panel::dropDowns()
     for (auto* const combo : f.panel->findChildren<QComboBox*>()) {
         combo->showPopup();
         QVERIFY(combo->view()->visualRect(combo->model()->index(1, 0)).height() >= 30);
-        QCOMPARE(combo->itemDelegate()->parent(), combo->view()); // the view's own
         combo->hidePopup();
     }
 }
@@ -404,39 +482,36 @@ void tst_panel::resources()
         QCOMPARE(QResource(file.fileName()).compressionAlgorithm(), QResource::ZlibCompression);
         sheets += QString::fromUtf8(sheet).simplified();
     }
-    QVERIFY(!StyleSheet::set(":/qss_im/none.qss", {}));
-    for (const char* const rule :
-         {"QPushButton#m_btnMaxSwitch:hover { background-color: rgb(231,105,0); background-image: "
-          "url(:/img_im/ImageResource/ic_btn_linkswitch_normal.png); }",
-          "combo_ic_top_normal.png); background-repeat: repeat; background-position: bottom; }",
-          "combo_ic_down_normal.png); background-repeat: repeat; background-position: up; }",
-          "QComboBox QAbstractItemView { padding: 4px 2px 5px 2px; font: 11pt; outline: 0; background-color: "
-          "white; }",
-          "QWidget#QZelIfModuleMainView { background-color: white; border: 1px solid rgb(38,38,38); }",
-          "QScrollBar::handle:vertical, QScrollBar::handle:horizontal { border: 1px solid rgb(191,191,191);",
-          "QScrollBar::add-line:vertical, QScrollBar::add-line:horizontal { height: 0px; }",
-          "QScrollBar::sub-page:vertical, QScrollBar::sub-page:horizontal { background: none; }"}) {
-        QVERIFY2(sheets.contains(rule), rule);
+    for (const QString& rule : PanelTour::linesOf("rules.txt")) {
+        QVERIFY2(sheets.contains(rule), qPrintable(rule));
     }
     // Every image that a rule names is in the bundle.
     for (const QString& part : sheets.split("url(").mid(1)) {
         QVERIFY2(QFile::exists(part.section(')', 0, 0)), qPrintable(part));
     }
-    QString images;
+    QStringList images;
     for (const QFileInfo& file : QDir(":/img_im/ImageResource").entryInfoList(QDir::Files, QDir::Name)) {
         const QImage image(file.filePath());
-        images += QString("%1 %2x%3 ").arg(file.baseName()).arg(image.width()).arg(image.height());
-        QVERIFY2(image.format() == QImage::Format_ARGB32, qPrintable(file.baseName()));
+        images << QString("%1 %2 x %3").arg(file.fileName()).arg(image.width()).arg(image.height());
+        QVERIFY2(image.format() == QImage::Format_ARGB32, qPrintable(file.fileName()));
         QCOMPARE(QResource(file.filePath()).compressionAlgorithm(), QResource::NoCompression);
     }
-    QCOMPARE(
-        images,
-        QString("combo_ic_down_click 20x16 combo_ic_down_normal 20x16 combo_ic_top_click 20x16 "
-                "combo_ic_top_normal 20x16 combo_ic_triangle_click 16x16 combo_ic_triangle_normal 16x16 "
-                "ic_add_highlight 20x20 ic_add_normal 20x20 ic_btn_editswitch_click 26x26 "
-                "ic_btn_editswitch_normal 26x26 ic_btn_linkswitch_click 26x26 ic_btn_linkswitch_normal 26x26 "
-                "ic_dark_delete_click 24x24 ic_dark_delete_normal 24x24 ic_link_gray_click 32x32 "
-                "ic_link_gray_normal 32x32 img_none 24x24 msg_close_normal 24x24 "));
+    QCOMPARE(images, PanelTour::linesOf("images.txt"));
+}
+
+void tst_panel::missingSheets()
+{
+    Q_CLEANUP_RESOURCE(QSS_IM);
+    const auto restore = qScopeGuard([] { Q_INIT_RESOURCE(QSS_IM); });
+    LogCapture log;
+    Fixture f;
+    f.show("%int0%:1:2:;");
+    const QString line = "[%1]: InitUI %2 qss file open failed.";
+    QCOMPARE(log.lines().filter("qss"),
+             QStringList({line.arg("QIfModuleMainView", "QIfModuleMainView"),
+                          line.arg("RangeSelectControlIM", "HorizontalControlIM"),
+                          line.arg("HorizontalControlIM", "HorizontalControlIM")}));
+    QCOMPARE(log.warnings().filter(QRegularExpression("^(?!QMetaObject::connectSlots)")), QStringList());
 }
 
 QTEST_MAIN(tst_panel)

@@ -2,8 +2,12 @@
 
 #include <QTemporaryFile>
 
-/// Bytes of the fuzzer as a file, for readers that open one; the same file each time.
-inline QString fuzzFile(const std::uint8_t* data, std::size_t size)
+#include <functional>
+
+/// Gives the bytes of the fuzzer as a file to a reader, which returns what is wrong with it, or an empty
+/// text. What is wrong is a sentence that names the file.
+inline int fuzzReader(const std::uint8_t* data, std::size_t size,
+                      const std::function<QString(const QString& file)>& read)
 {
     static QTemporaryFile file(QStringLiteral("/dev/shm/fuzz"));
     if (!file.isOpen() && !file.open()) {
@@ -13,5 +17,9 @@ inline QString fuzzFile(const std::uint8_t* data, std::size_t size)
     file.seek(0);
     file.write(reinterpret_cast<const char*>(data), static_cast<qint64>(size));
     file.flush();
-    return file.fileName();
+    const QString error = read(file.fileName());
+    if (!error.isEmpty() && !error.contains(file.fileName())) {
+        qFatal("%s", qPrintable(error));
+    }
+    return 0;
 }

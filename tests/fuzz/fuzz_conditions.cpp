@@ -13,10 +13,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     static char name[] = "fuzz";
     static char* argv[] = {name, nullptr};
     // For the process, as the application object has to be.
-    static const auto* const application = new QApplication(argc, argv);
+    [[maybe_unused]] static const auto* const application = new QApplication(argc, argv);
     static auto& core = *new FakeCore;
     static auto& panel = *new QIfModuleMainView(7, nullptr);
-    Q_UNUSED(application)
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
 
     QByteArray& list = core.binaryData["IFText"];

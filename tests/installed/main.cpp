@@ -17,8 +17,7 @@ int main(int argc, char** argv)
 {
     const QApplication application(argc, argv);
     ZelCommon::IocContainar::Instance().Clear();
-    ButtonSelecterView selecter;
-    selecter.SetFixedSize(200, 25);
+    const ButtonSelecterView selecter;
 
     auto* const create = reinterpret_cast<decltype(&CreateModuParamConfigInstance)>(QLibrary::resolve(
         QFile::decodeName(argc > 1 ? argv[1] : PLUGIN_FILE), "CreateModuParamConfigInstance"));
@@ -26,5 +25,5 @@ int main(int argc, char** argv)
     QWidget* panel = nullptr;
     const bool isMade = create && create(7, &window, &panel) && panel->inherits("QIfModuleMainView");
     const bool isRead = StoredCondition::fromText(QStringLiteral("%int0%:1:2:a;")).size() == 1;
-    return isMade && isRead && selecter.width() == 200 ? EXIT_SUCCESS : EXIT_FAILURE;
+    return isMade && isRead && selecter.isHidden() ? EXIT_SUCCESS : EXIT_FAILURE;
 }
