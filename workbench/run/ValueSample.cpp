@@ -5,18 +5,16 @@
 
 void ValueSample::take(double value)
 {
-    ++m_next;
-    if (m_values.size() < capacity) {
-        m_values.push_back(value);
-    } else {
-        m_values[std::uniform_int_distribution<std::size_t>(0, capacity - 1)(m_random)] = value;
-    }
     if (m_values.size() == capacity) {
-        // Reservoir sampling that draws how many values to leave out.
-        std::uniform_real_distribution<double> draw(1e-300, 1.0);
-        m_weight *= std::exp(std::log(draw(m_random)) / double(capacity));
-        m_next += static_cast<std::size_t>(std::log(draw(m_random)) / std::log1p(-m_weight));
+        // A random one of every two: the values may repeat with a period.
+        for (std::size_t i = 0; i < capacity / 2; ++i) {
+            m_values[i] = m_values[2 * i + m_random() % 2];
+        }
+        m_values.resize(capacity / 2);
+        m_stride *= 2;
     }
+    m_values.push_back(value);
+    m_next += m_stride - m_next % m_stride + m_random() % m_stride; // any one of the next stride
 }
 
 double ValueSample::quantile(double part) const

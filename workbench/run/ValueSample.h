@@ -3,8 +3,8 @@
 #include <random>
 #include <vector>
 
-/// Values that come one by one, for their percentiles: all of them up to a number, from then on a random
-/// sample of that many, so that the memory is bounded.
+/// Values that come one by one, for their percentiles: all of them up to a number, from then on a random one
+/// of every two, four, eight ... in turn, so that the memory is bounded.
 class ValueSample
 {
 public:
@@ -25,8 +25,9 @@ private:
 
     std::vector<double> m_values;
     std::size_t m_count = 0;
-    /// The number of the value that is taken next: every value has the same chance.
+    /// The number of the value that is taken next.
     std::size_t m_next = 0;
-    double m_weight = 1.0;
+    /// One of so many is taken.
+    std::size_t m_stride = 1;
     std::minstd_rand m_random;
 };
