@@ -2,9 +2,12 @@
 #include "CoreSession.h"
 #include "FlowModuleModel.h"
 #include "HostApplication.h"
+#include "MainWindow.h"
+#include "PanelPlugin.h"
 #include "PanelTour.h"
 #include "QIfModuleMainView.h"
 #include "UndoHistory.h"
+#include "WorkbenchSettings.h"
 #include "commands/CommandLogView.h"
 #include "inspector/InspectorView.h"
 #include "inspector/ShownConditions.h"
@@ -15,6 +18,9 @@
 #include <QAction>
 #include <QCheckBox>
 #include <QClipboard>
+#include <QDialog>
+#include <QDragEnterEvent>
+#include <QMimeData>
 #include <QPlainTextEdit>
 #include <QTableView>
 #include <QTemporaryDir>
@@ -108,6 +114,7 @@ private slots:
     void longestLog();
     void colours();
     void faults();
+    void drops();
 };
 
 // Of a stored list beside the conditions "int0" from 1 to 5.9 and "float0" from 0.5 to 2.25 in a panel.
@@ -356,6 +363,39 @@ void tst_inspection::faults()
         QCOMPARE(answers.join(' '), expected);
         QCOMPARE(injector.plan().isArmed(), stayArmed);
     }
+}
+
+// A flow that is dropped takes the window's place: not while a dialog of the window waits for an answer.
+void tst_inspection::drops()
+{
+    Fixture f;
+    const auto plugin =
+        PanelPlugin::load(QCoreApplication::applicationDirPath() + "/../lib/libQIfModule.so", &f.error);
+    QVERIFY2(plugin, qPrintable(f.error));
+    WorkbenchSettings settings;
+    MainWindow window(f.session, *plugin, settings);
+    const QSignalSpy chosen(&window, &MainWindow::flowChosen);
+    const auto drop = [&](const QList<QUrl>& urls) {
+        QMimeData data;
+        data.setUrls(urls);
+        QDragEnterEvent enter({}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&window, &enter);
+        QDropEvent event({}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&window, &event);
+        return enter.isAccepted() && event.isAccepted();
+    };
+    const QUrl flow("file:///a/flow.JSON");
+    QVERIFY(!drop({}) && !drop({QUrl("file:///a/samples.csv")}) && !drop({QUrl("http://a/flow.json")}) &&
+            !drop({flow, flow}));
+    {
+        QDialog dialog(&window);
+        dialog.setModal(true);
+        dialog.show();
+        QVERIFY(!drop({flow}));
+    }
+    QCOMPARE(chosen.count(), 0);
+    QVERIFY(drop({flow}));
+    QCOMPARE(chosen.value(0), QVariantList{"/a/flow.JSON"});
 }
 
 HOST_TEST_MAIN(tst_inspection)

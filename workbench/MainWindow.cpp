@@ -47,10 +47,11 @@ QString conditionFiles()
     return MainWindow::tr("Conditions (*.json)");
 }
 
-// The flow file that is dragged; empty for anything else.
+// The flow file that is dragged; empty for anything else, and while a dialog waits for an answer: it would go
+// with the window.
 QString draggedFlow(const QMimeData& data)
 {
-    const QList<QUrl> urls = data.urls();
+    const QList<QUrl> urls = QApplication::activeModalWidget() ? QList<QUrl>() : data.urls();
     const QString file = urls.size() == 1 ? urls.first().toLocalFile() : QString();
     return file.endsWith(QLatin1String(".json"), Qt::CaseInsensitive) ? file : QString();
 }
@@ -272,8 +273,11 @@ void MainWindow::dragEnterEvent(QDragEnterEvent* event)
 
 void MainWindow::dropEvent(QDropEvent* event)
 {
-    event->acceptProposedAction();
-    emit flowChosen(draggedFlow(*event->mimeData()));
+    const QString file = draggedFlow(*event->mimeData());
+    if (!file.isEmpty()) {
+        event->acceptProposedAction();
+        emit flowChosen(file);
+    }
 }
 
 bool MainWindow::eventFilter(QObject* watched, QEvent* event)
