@@ -2,6 +2,7 @@
 
 #include "ConditionsFile.h"
 #include "CoreSession.h"
+#include "LanguageChange.h"
 #include "PanelPlugin.h"
 #include "Translations.h"
 #include "WorkbenchApplication.h"
@@ -19,18 +20,14 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QLineEdit>
-#include <QListView>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QScreen>
 #include <QSplitter>
-#include <QStackedWidget>
 #include <QStatusBar>
-#include <QTableView>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -41,6 +38,8 @@ constexpr QSize preferredSize(1400, 860);
 // A screen with less room starts without the docks at the right, or below.
 constexpr int widthForRightDocks = 1280;
 constexpr int heightForLowerDocks = 740;
+const QString geometryKey = QStringLiteral("window/geometry");
+const QString stateKey = QStringLiteral("window/state");
 
 QString conditionFiles()
 {
@@ -65,17 +64,11 @@ MainWindow::MainWindow(CoreSession& session, const PanelPlugin& plugin, Workbenc
     , m_modules(session.flow())
     , m_module(session)
     , m_history(m_module)
-    , m_moduleList(new QListView)
-    , m_pages(new QStackedWidget)
-    , m_storedStatus(new StoredStatus(m_module))
-    , m_flowLabel(new QLabel)
-    , m_storeLabel(new QLabel)
-    , m_faultLabel(new QLabel)
 {
     setAcceptDrops(true);
     createMenus();
 
-    m_moduleList->setObjectName(QStringLiteral("moduleList"));
+    setTranslated(m_moduleList, "accessibleName", QT_TR_NOOP("modules of the flow"));
     m_moduleList->setModel(&m_modules);
     m_moduleList->setSpacing(3);
     connect(m_moduleList->selectionModel(), &QItemSelectionModel::currentChanged, this,
@@ -87,7 +80,7 @@ MainWindow::MainWindow(CoreSession& session, const PanelPlugin& plugin, Workbenc
     auto* const centreLayout = new QVBoxLayout(centre);
     centreLayout->setContentsMargins({});
     centreLayout->addWidget(m_pages, 1);
-    centreLayout->addWidget(m_storedStatus);
+    centreLayout->addWidget(new StoredStatus(m_module));
     splitter->addWidget(centre);
     splitter->setStretchFactor(1, 1);
     splitter->setSizes({230, 870});
@@ -95,9 +88,9 @@ MainWindow::MainWindow(CoreSession& session, const PanelPlugin& plugin, Workbenc
     setCentralWidget(splitter);
 
     auto* const inspector = new InspectorView(m_module);
-    addDock(QStringLiteral("inspectorDock"), inspector, Qt::RightDockWidgetArea);
+    addDock("inspectorDock", QT_TR_NOOP("Inspector"), inspector, Qt::RightDockWidgetArea);
     auto* const runDock = new RunDock(m_module);
-    addDock(QStringLiteral("runDock"), runDock, Qt::BottomDockWidgetArea);
+    addDock("runDock", QT_TR_NOOP("Run"), runDock, Qt::BottomDockWidgetArea);
     connect(runDock, &RunDock::resultsChosen, inspector, &InspectorView::setResults);
     for (QAction* const action : runDock->runActions()) {
         m_runMenu->addAction(action);
@@ -106,31 +99,31 @@ MainWindow::MainWindow(CoreSession& session, const PanelPlugin& plugin, Workbenc
             dock("runDock")->raise();
         });
     }
-    addDock(QStringLiteral("commandLogDock"), new CommandLogView(session.tap()), Qt::BottomDockWidgetArea);
-    addDock(QStringLiteral("faultsDock"), new FaultsView(session.faults()), Qt::RightDockWidgetArea);
+    addDock("commandLogDock", QT_TR_NOOP("Commands"), new CommandLogView(session.tap()),
+            Qt::BottomDockWidgetArea);
+    addDock("faultsDock", QT_TR_NOOP("Faults"), new FaultsView(session.faults()), Qt::RightDockWidgetArea);
     tabifyDockWidget(dock("runDock"), dock("commandLogDock"));
     tabifyDockWidget(dock("inspectorDock"), dock("faultsDock"));
     dock("runDock")->raise();
     dock("inspectorDock")->raise();
 
-    m_flowLabel->setObjectName(QStringLiteral("flowLabel"));
-    m_storeLabel->setObjectName(QStringLiteral("storeLabel"));
     for (QLabel* const label : {m_flowLabel, m_storeLabel}) {
         label->setContentsMargins(4, 0, 12, 0);
         statusBar()->addWidget(label);
     }
 
-    m_faultLabel->setObjectName(QStringLiteral("faultLabel"));
-    m_faultLabel->setStyleSheet(QStringLiteral("background: #b02020; color: white; padding: 0 8px"));
-    statusBar()->addPermanentWidget(m_faultLabel);
-    const auto showFaults = [this] { m_faultLabel->setVisible(m_session.faults().plan().isArmed()); };
+    auto* const faultLabel = Widgets::named("faultLabel", new QLabel);
+    faultLabel->setStyleSheet(QStringLiteral("background: #b02020; color: white; padding: 0 8px"));
+    setTranslated(faultLabel, "text", QT_TR_NOOP("Faults are armed"));
+    statusBar()->addPermanentWidget(faultLabel);
+    const auto showFaults = [=] { faultLabel->setVisible(m_session.faults().plan().isArmed()); };
     connect(&session.faults(), &FaultInjector::planChanged, this, showFaults);
     showFaults();
 
-    retranslate();
+    new LanguageChange(this, [this] { retranslate(); });
     arrange();
-    restoreGeometry(settings.windowGeometry());
-    restoreState(settings.windowState());
+    restoreGeometry(settings.value(geometryKey).toByteArray());
+    restoreState(settings.value(stateKey).toByteArray());
 }
 
 void MainWindow::arrange()
@@ -151,79 +144,91 @@ void MainWindow::arrange()
     resizeDocks({dock("runDock")}, {std::min(310, height() - 540)}, Qt::Vertical);
 }
 
+void MainWindow::setTranslated(QObject* object, const char* property, const char* text)
+{
+    m_translated << Translated{object, property, text};
+}
+
+QMenu* MainWindow::addMenu(const char* title)
+{
+    QMenu* const menu = menuBar()->addMenu(QString());
+    setTranslated(menu, "title", title);
+    return menu;
+}
+
+QAction* MainWindow::addMenuAction(QMenu* menu, const char* text, const std::function<void()>& act,
+                                   const QKeySequence& shortcut)
+{
+    QAction* const action = menu->addAction(QString(), this, act, shortcut);
+    setTranslated(action, "text", text);
+    return action;
+}
+
 void MainWindow::createMenus()
 {
-    m_fileMenu = menuBar()->addMenu(QString());
-    m_openAction = m_fileMenu->addAction(QString(), this, &MainWindow::askForFlow, QKeySequence::Open);
-    m_recentMenu = m_fileMenu->addMenu(QString());
-    connect(m_recentMenu, &QMenu::aboutToShow, this, &MainWindow::showRecentFlows);
-    m_reloadAction = m_fileMenu->addAction(
-        QString(), this, [this] { emit flowChosen(m_session.flowFile()); }, QKeySequence::Refresh);
-    m_fileMenu->addSeparator();
-    m_importAction = m_fileMenu->addAction(QString(), this, &MainWindow::importConditions);
-    m_exportAction = m_fileMenu->addAction(QString(), this, &MainWindow::exportConditions);
-    m_fileMenu->addSeparator();
-    m_quitAction = m_fileMenu->addAction(QString(), this, &QWidget::close, QKeySequence::Quit);
+    QMenu* const file = addMenu(QT_TR_NOOP("&File"));
+    addMenuAction(
+        file, QT_TR_NOOP("&Open flow..."), [this] { askForFlow(); }, QKeySequence::Open);
+    QMenu* const recent = file->addMenu(QString());
+    setTranslated(recent, "title", QT_TR_NOOP("&Recent flows"));
+    connect(recent, &QMenu::aboutToShow, this, [this, recent] {
+        recent->clear();
+        for (const QString& flow : m_settings.recentFlows()) {
+            recent->addAction(flow, this, [this, flow] { emit flowChosen(flow); });
+        }
+    });
+    addMenuAction(
+        file, QT_TR_NOOP("Re&load flow"), [this] { emit flowChosen(m_session.flowFile()); },
+        QKeySequence::Refresh);
+    file->addSeparator();
+    auto* const import =
+        addMenuAction(file, QT_TR_NOOP("&Import conditions..."), [this] { importConditions(); });
+    auto* const write =
+        addMenuAction(file, QT_TR_NOOP("&Export conditions..."), [this] { exportConditions(); });
+    file->addSeparator();
+    addMenuAction(
+        file, QT_TR_NOOP("&Quit"), [this] { close(); }, QKeySequence::Quit);
 
-    m_editMenu = menuBar()->addMenu(QString());
-    m_undoAction = m_editMenu->addAction(QString(), this, &MainWindow::undo, QKeySequence::Undo);
-    const auto updateActions = [this] {
-        m_importAction->setEnabled(m_module.panel());
-        m_exportAction->setEnabled(m_module.panel());
-        m_undoAction->setEnabled(m_module.panel() && m_history.canUndo());
+    auto* const undo = addMenuAction(
+        addMenu(QT_TR_NOOP("&Edit")), QT_TR_NOOP("&Undo"),
+        [this] { replaceStored([this](QString* error) { return m_history.undo(error); }); },
+        QKeySequence::Undo);
+    const auto updateActions = [=] {
+        import->setEnabled(m_module.panel());
+        write->setEnabled(m_module.panel());
+        undo->setEnabled(m_module.panel() && m_history.canUndo());
     };
     connect(&m_history, &UndoHistory::changed, this, updateActions);
     updateActions();
     qApp->installEventFilter(this);
 
-    m_runMenu = menuBar()->addMenu(QString());
-    m_viewMenu = menuBar()->addMenu(QString());
+    m_runMenu = addMenu(QT_TR_NOOP("&Run"));
+    m_viewMenu = addMenu(QT_TR_NOOP("&View"));
 
-    m_languageMenu = menuBar()->addMenu(QString());
+    m_languageMenu = menuBar()->addMenu(QStringLiteral("&Language / 语言"));
     auto* const languages = new QActionGroup(this);
     for (const Translations::Language& language : Translations::languages()) {
-        QAction* const action = m_languageMenu->addAction(language.name);
+        QAction* const action = languages->addAction(language.name);
         action->setCheckable(true);
         action->setData(language.code);
-        languages->addAction(action);
     }
+    m_languageMenu->addActions(languages->actions());
     connect(languages, &QActionGroup::triggered, this,
             [this](const QAction* action) { emit languageChosen(action->data().toString()); });
 
-    m_helpMenu = menuBar()->addMenu(QString());
-    m_aboutAction = m_helpMenu->addAction(QString(), this, &MainWindow::showAbout);
+    addMenuAction(addMenu(QT_TR_NOOP("&Help")), QT_TR_NOOP("&About"), [this] { showAbout(); });
 }
 
 void MainWindow::retranslate()
 {
     setWindowTitle(m_session.flow().name());
-    m_fileMenu->setTitle(tr("&File"));
-    m_openAction->setText(tr("&Open flow..."));
-    m_recentMenu->setTitle(tr("&Recent flows"));
-    m_reloadAction->setText(tr("Re&load flow"));
-    m_importAction->setText(tr("&Import conditions..."));
-    m_exportAction->setText(tr("&Export conditions..."));
-    m_quitAction->setText(tr("&Quit"));
-    m_editMenu->setTitle(tr("&Edit"));
-    m_undoAction->setText(tr("&Undo"));
-    m_runMenu->setTitle(tr("&Run"));
-    m_viewMenu->setTitle(tr("&View"));
-    m_languageMenu->setTitle(QStringLiteral("&Language / 语言"));
-    m_helpMenu->setTitle(tr("&Help"));
-    m_aboutAction->setText(tr("&About"));
-    m_moduleList->setAccessibleName(tr("modules of the flow"));
+    for (const Translated& each : qAsConst(m_translated)) {
+        each.object->setProperty(each.property, tr(each.text));
+    }
     m_flowLabel->setText(tr("Flow: %1").arg(QFileInfo(m_session.flowFile()).fileName()));
     m_flowLabel->setToolTip(QFileInfo(m_session.flowFile()).absoluteFilePath());
     m_storeLabel->setText(tr("Store: %1").arg(QFileInfo(m_session.storeFile()).fileName()));
     m_storeLabel->setToolTip(QFileInfo(m_session.storeFile()).absoluteFilePath());
-    const QHash<QString, QString> dockTitles = {{QStringLiteral("inspectorDock"), tr("Inspector")},
-                                                {QStringLiteral("runDock"), tr("Run")},
-                                                {QStringLiteral("commandLogDock"), tr("Commands")},
-                                                {QStringLiteral("faultsDock"), tr("Faults")}};
-    m_faultLabel->setText(tr("Faults are armed"));
-    for (QDockWidget* const each : findChildren<QDockWidget*>()) {
-        each->setWindowTitle(dockTitles.value(each->objectName()));
-    }
     for (auto it = m_pageOf.cbegin(); it != m_pageOf.cend(); ++it) {
         for (auto* const model : it->widget->findChildren<InspectionTableModel*>()) {
             model->setRows(ModuleInspection::outputColumns(),
@@ -247,15 +252,8 @@ void MainWindow::setLanguage(const QString& code)
 
 void MainWindow::remember()
 {
-    m_settings.setWindow(saveGeometry(), saveState());
-}
-
-void MainWindow::changeEvent(QEvent* event)
-{
-    if (event->type() == QEvent::LanguageChange) {
-        retranslate();
-    }
-    QMainWindow::changeEvent(event);
+    m_settings.setValue(geometryKey, saveGeometry());
+    m_settings.setValue(stateKey, saveState());
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)
@@ -289,11 +287,6 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event)
         return edit && !edit->isUndoAvailable();
     }
     return QMainWindow::eventFilter(watched, event);
-}
-
-void MainWindow::undo()
-{
-    replaceStored([this](QString* error) { return m_history.undo(error); });
 }
 
 void MainWindow::importConditions()
@@ -330,15 +323,6 @@ void MainWindow::replaceStored(const std::function<bool(QString*)>& replace)
     panel->show();
     if (!isDone) {
         WorkbenchApplication::tellError(error);
-    }
-}
-
-void MainWindow::showRecentFlows()
-{
-    m_recentMenu->clear();
-    const QStringList files = m_settings.recentFlows();
-    for (const QString& file : files) {
-        m_recentMenu->addAction(file, this, [this, file] { emit flowChosen(file); });
     }
 }
 
@@ -380,10 +364,10 @@ void MainWindow::showCurrentModule()
     m_module.set(module.id, page.panel);
 }
 
-void MainWindow::addDock(const QString& name, QWidget* content, Qt::DockWidgetArea area)
+void MainWindow::addDock(const char* name, const char* title, QWidget* content, Qt::DockWidgetArea area)
 {
-    auto* const added = new QDockWidget(this);
-    added->setObjectName(name);
+    auto* const added = Widgets::named(name, new QDockWidget(this));
+    setTranslated(added, "windowTitle", title);
     added->setWidget(content);
     addDockWidget(area, added);
     // A dock behind another one, as a tab, counts as visible; Tab must not go there.
@@ -412,7 +396,7 @@ MainWindow::Page MainWindow::createPage(const FlowModule& module)
     if (module.kind != Flow::ifKind()) {
         auto* const outputs = new InspectionTableModel(page.widget);
         outputs->setRows(ModuleInspection::outputColumns(), ModuleInspection::outputs(module));
-        frameLayout->addWidget(InspectorView::createTable(*outputs, QStringLiteral("outputTable")));
+        frameLayout->addWidget(InspectorView::createTable(*outputs, "outputTable"));
     } else if (!m_session.core().configuration(module.id, &error)) {
         auto* const text = new QLabel(error);
         text->setTextFormat(Qt::PlainText);

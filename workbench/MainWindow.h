@@ -2,21 +2,21 @@
 
 #include "FlowModuleModel.h"
 #include "UndoHistory.h"
+#include "Widgets.h"
 #include "inspector/InspectionTableModel.h"
 
 #include <QHash>
+#include <QLabel>
+#include <QListView>
 #include <QMainWindow>
+#include <QStackedWidget>
 
 #include <functional>
 
 class CoreSession;
 class PanelPlugin;
 class QDockWidget;
-class QLabel;
-class QListView;
 class QMenu;
-class QStackedWidget;
-class StoredStatus;
 class WorkbenchSettings;
 
 /// The window of the workbench: the flow's modules on the left, the chosen one's panel beside them.
@@ -43,7 +43,6 @@ signals:
 protected:
     /// Lets Ctrl+Z through that a field has no use for.
     bool eventFilter(QObject* watched, QEvent* event) override;
-    void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
@@ -56,20 +55,23 @@ private:
         QWidget* panel = nullptr;
     };
     Page createPage(const FlowModule& module);
+    /// Has a property, such as a title, follow the language; the text is marked by QT_TR_NOOP.
+    void setTranslated(QObject* object, const char* property, const char* text);
+    QMenu* addMenu(const char* title);
+    QAction* addMenuAction(QMenu* menu, const char* text, const std::function<void()>& act,
+                           const QKeySequence& shortcut = {});
     /// Adds a dock of this name at an edge, and its switch to the menu of views.
-    void addDock(const QString& name, QWidget* content, Qt::DockWidgetArea area);
+    void addDock(const char* name, const char* title, QWidget* content, Qt::DockWidgetArea area);
     QDockWidget* dock(const char* name) const;
     /// Size and docks of the first start: the panel comes before the docks on a small screen.
     void arrange();
     void createMenus();
     void retranslate();
     void showCurrentModule();
-    void undo();
     void importConditions();
     void exportConditions();
     /// Has what is stored for the current module replaced, while its panel is hidden.
     void replaceStored(const std::function<bool(QString* error)>& replace);
-    void showRecentFlows();
     void askForFlow();
     void showAbout();
 
@@ -79,25 +81,19 @@ private:
     FlowModuleModel m_modules;
     CurrentModule m_module;
     UndoHistory m_history;
-    QListView* m_moduleList;
-    QStackedWidget* m_pages;
-    StoredStatus* m_storedStatus;
+    QListView* m_moduleList = Widgets::named("moduleList", new QListView);
+    QStackedWidget* m_pages = new QStackedWidget;
     QHash<unsigned int, Page> m_pageOf;
-    QLabel* m_flowLabel;
-    QLabel* m_storeLabel;
-    QLabel* m_faultLabel;
-    QMenu* m_fileMenu;
-    QMenu* m_recentMenu;
-    QMenu* m_editMenu;
+    QLabel* m_flowLabel = Widgets::named("flowLabel", new QLabel);
+    QLabel* m_storeLabel = Widgets::named("storeLabel", new QLabel);
     QMenu* m_runMenu;
     QMenu* m_viewMenu;
     QMenu* m_languageMenu;
-    QMenu* m_helpMenu;
-    QAction* m_openAction;
-    QAction* m_reloadAction;
-    QAction* m_importAction;
-    QAction* m_exportAction;
-    QAction* m_quitAction;
-    QAction* m_undoAction;
-    QAction* m_aboutAction;
+    struct Translated
+    {
+        QObject* object;
+        const char* property;
+        const char* text;
+    };
+    QVector<Translated> m_translated;
 };

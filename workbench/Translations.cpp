@@ -18,7 +18,7 @@ QVector<Translations::Language> Translations::languages()
 
 Translations::Translations()
 {
-    const QString chosen = WorkbenchSettings().language();
+    const QString chosen = WorkbenchSettings().value(QStringLiteral("language")).toString();
     const bool isChinese = QLocale::system().uiLanguages().value(0).startsWith(QLatin1String("zh"));
     setLanguage(!chosen.isEmpty() ? chosen : isChinese ? chinese : english);
 }

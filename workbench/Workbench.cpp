@@ -84,6 +84,6 @@ void Workbench::showFlow(const QString& flowFile)
 void Workbench::setLanguage(const QString& code)
 {
     m_translations.setLanguage(code);
-    m_settings.setLanguage(code);
+    m_settings.setValue(QStringLiteral("language"), code);
     m_window->setLanguage(code);
 }

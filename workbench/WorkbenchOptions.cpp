@@ -7,28 +7,6 @@
 #include <QRegularExpression>
 #include <QStandardPaths>
 
-namespace {
-
-const QString flowOption = QStringLiteral("flow");
-const QString storeOption = QStringLiteral("store");
-const QString moduleOption = QStringLiteral("module");
-const QString pluginOption = QStringLiteral("plugin");
-const QString screenshotOption = QStringLiteral("screenshot");
-const QString runOption = QStringLiteral("run");
-const QString summaryOption = QStringLiteral("summary");
-const QString failOption = QStringLiteral("fail-on-not-ok");
-const QString dumpOption = QStringLiteral("dump");
-const QString sqlOption = QStringLiteral("sql");
-const QString tableOption = QStringLiteral("table");
-const QString exportOption = QStringLiteral("export");
-const QString importOption = QStringLiteral("import");
-const QString conditionsOption = QStringLiteral("conditions");
-const QString faultOption = QStringLiteral("fault");
-const QString helpOption = QStringLiteral("help");
-const QString versionOption = QStringLiteral("version");
-
-} // namespace
-
 WorkbenchOptions::WorkbenchOptions()
 {
     m_parser.setApplicationDescription(tr(
@@ -36,38 +14,40 @@ WorkbenchOptions::WorkbenchOptions()
         "--export or --import it works without a display.\n\n"
         "Exit codes: 0 done, 1 failed, 2 wrong usage, 3 some rows are not OK (with --fail-on-not-ok)."));
     m_parser.addOptions({
-        {flowOption, tr("Inspection flow to open, a JSON file."), tr("file")},
-        {storeOption,
+        {QStringLiteral("flow"), tr("Inspection flow to open, a JSON file."), tr("file")},
+        {QStringLiteral("store"),
          tr("Store of the modules' parameters; the window and --import make it when it is missing. By "
             "default a "
             "file for each flow file in %1.")
              .arg(storeFolder()),
          tr("file")},
-        {moduleOption, tr("Module to show first, or to work on without a display."), tr("id")},
-        {pluginOption, tr("Plug-in that makes the panels."), tr("file")},
-        {screenshotOption, tr("Write a picture of the window and end; needs no display."), tr("file.png")},
-        {runOption,
+        {QStringLiteral("module"), tr("Module to show first, or to work on without a display."), tr("id")},
+        {QStringLiteral("plugin"), tr("Plug-in that makes the panels."), tr("file")},
+        {QStringLiteral("screenshot"), tr("Write a picture of the window and end; needs no display."),
+         tr("file.png")},
+        {QStringLiteral("run"),
          tr("Judge the rows of CSV files with the same header, - for standard input, and print the results "
             "as "
             "CSV."),
          tr("file.csv ...")},
-        {summaryOption, tr("With --run: print the totals only.")},
-        {failOption, tr("With --run: exit code 3 when some rows are not OK.")},
-        {dumpOption, tr("Print all that the store holds for the module as JSON.")},
-        {sqlOption, tr("Print SQL queries that judge a table with the columns of the CSV file.")},
-        {tableOption, tr("With --sql: the table's name, samples by default."), tr("name")},
-        {exportOption, tr("Write the module's conditions to a file, - for standard output."),
+        {QStringLiteral("summary"), tr("With --run: print the totals only.")},
+        {QStringLiteral("fail-on-not-ok"), tr("With --run: exit code 3 when some rows are not OK.")},
+        {QStringLiteral("dump"), tr("Print all that the store holds for the module as JSON.")},
+        {QStringLiteral("sql"), tr("Print SQL queries that judge a table with the columns of the CSV file.")},
+        {QStringLiteral("table"), tr("With --sql: the table's name, samples by default."), tr("name")},
+        {QStringLiteral("export"), tr("Write the module's conditions to a file, - for standard output."),
          tr("file.json")},
-        {importOption, tr("Replace the module's conditions by those of a file."), tr("file.json")},
-        {conditionsOption,
+        {QStringLiteral("import"), tr("Replace the module's conditions by those of a file."),
+         tr("file.json")},
+        {QStringLiteral("conditions"),
          tr("With --run, --dump and --sql: take the conditions from a file instead of the store."),
          tr("file.json")},
-        {faultOption,
+        {QStringLiteral("fault"),
          tr("Arm a fault, such as kind=SetBinaryData,parameter=IFText,when=next,answer=Failed,message=full. "
             "May be given again."),
          tr("fault")},
-        {{QStringLiteral("h"), helpOption}, tr("Show this text.")},
-        {versionOption, tr("Show the version.")},
+        {{QStringLiteral("h"), QStringLiteral("help")}, tr("Show this text.")},
+        {QStringLiteral("version"), tr("Show the version.")},
     });
 }
 
@@ -81,7 +61,7 @@ bool WorkbenchOptions::parse(const QStringList& arguments, QString* error)
     if (!error->isEmpty()) {
         return false;
     }
-    const QStringList faults = m_parser.values(faultOption);
+    const QStringList faults = m_parser.values(QStringLiteral("fault"));
     for (const QString& text : faults) {
         const auto fault = FaultPlan::parse(text, error);
         if (!fault) {
@@ -89,11 +69,11 @@ bool WorkbenchOptions::parse(const QStringList& arguments, QString* error)
         }
         m_faults << *fault;
     }
-    if (m_parser.isSet(moduleOption)) {
+    if (isSet("module")) {
         bool isNumber = false;
-        m_moduleId = m_parser.value(moduleOption).toUInt(&isNumber);
+        m_moduleId = value("module").toUInt(&isNumber);
         if (!isNumber) {
-            *error = tr("'%1' is no module id.").arg(m_parser.value(moduleOption));
+            *error = tr("'%1' is no module id.").arg(value("module"));
             return false;
         }
     }
@@ -103,16 +83,17 @@ bool WorkbenchOptions::parse(const QStringList& arguments, QString* error)
 QString WorkbenchOptions::misuse()
 {
     QString task;
-    for (const auto& [option, meaning] : {std::pair(runOption, Task::Run),
-                                          {dumpOption, Task::Dump},
-                                          {sqlOption, Task::Sql},
-                                          {exportOption, Task::Export},
-                                          {importOption, Task::Import},
-                                          {screenshotOption, Task::Show}}) {
-        if (m_parser.isSet(option)) {
-            if (!task.isEmpty()) {
-                return tr("--%1 and --%2 exclude each other.").arg(task, option);
-            }
+    for (const auto& [name, meaning] : {std::pair("run", Task::Run),
+                                        {"dump", Task::Dump},
+                                        {"sql", Task::Sql},
+                                        {"export", Task::Export},
+                                        {"import", Task::Import},
+                                        {"screenshot", Task::Show}}) {
+        const auto option = QString::fromLatin1(name);
+        if (isSet(name) && !task.isEmpty()) {
+            return tr("--%1 and --%2 exclude each other.").arg(task, option);
+        }
+        if (isSet(name)) {
             task = option;
             m_task = meaning;
         }
@@ -120,68 +101,33 @@ QString WorkbenchOptions::misuse()
     if (m_task != Task::Run && !m_parser.positionalArguments().isEmpty()) {
         return tr("Unexpected argument '%1'.").arg(m_parser.positionalArguments().first());
     }
-    for (const auto& [option, users] : {std::pair(summaryOption, QStringList(runOption)),
-                                        {failOption, {runOption}},
-                                        {tableOption, {sqlOption}},
-                                        {conditionsOption, {runOption, dumpOption, sqlOption}}}) {
-        if (m_parser.isSet(option) && !users.contains(task)) {
-            return tr("--%1 needs --%2.").arg(option, users.join(tr(" or --")));
+    for (const auto& [option, users] : {std::pair("summary", "run"),
+                                        {"fail-on-not-ok", "run"},
+                                        {"table", "sql"},
+                                        {"conditions", "run dump sql"}}) {
+        const QStringList tasks = QString::fromLatin1(users).split(QLatin1Char(' '));
+        if (isSet(option) && !tasks.contains(task)) {
+            return tr("--%1 needs --%2.").arg(QLatin1String(option), tasks.join(tr(" or --")));
         }
     }
-    if (m_parser.isSet(conditionsOption) && m_parser.isSet(storeOption)) {
-        return tr("--%1 and --%2 exclude each other.").arg(conditionsOption, storeOption);
+    if (isSet("conditions") && isSet("store")) {
+        return tr("--%1 and --%2 exclude each other.")
+            .arg(QStringLiteral("conditions"), QStringLiteral("store"));
     }
-    for (const QString& option : {runOption, exportOption, importOption, conditionsOption, tableOption}) {
-        if (m_parser.isSet(option) && m_parser.value(option).isEmpty()) {
-            return tr("--%1 needs a name.").arg(option);
+    for (const char* const option : {"run", "export", "import", "conditions", "table"}) {
+        if (isSet(option) && value(option).isEmpty()) {
+            return tr("--%1 needs a name.").arg(QLatin1String(option));
         }
     }
-    if (task == screenshotOption && !screenshotFile().endsWith(QLatin1String(".png"), Qt::CaseInsensitive)) {
+    if (isSet("screenshot") && !screenshotFile().endsWith(QLatin1String(".png"), Qt::CaseInsensitive)) {
         return tr("'%1' does not end in .png.").arg(screenshotFile());
     }
     return {};
 }
 
-bool WorkbenchOptions::asksForHelp() const
-{
-    return m_parser.isSet(helpOption);
-}
-
-bool WorkbenchOptions::asksForVersion() const
-{
-    return m_parser.isSet(versionOption);
-}
-
-QString WorkbenchOptions::screenshotFile() const
-{
-    return m_parser.value(screenshotOption);
-}
-
-QStringList WorkbenchOptions::runFiles() const
-{
-    return m_parser.values(runOption) + m_parser.positionalArguments();
-}
-
-bool WorkbenchOptions::asksForSummary() const
-{
-    return m_parser.isSet(summaryOption);
-}
-
-bool WorkbenchOptions::failsOnNotOk() const
-{
-    return m_parser.isSet(failOption);
-}
-
-QString WorkbenchOptions::tableName() const
-{
-    return m_parser.isSet(tableOption) ? m_parser.value(tableOption) : QStringLiteral("samples");
-}
-
 QString WorkbenchOptions::conditionsFile() const
 {
-    return m_parser.value(m_task == Task::Export   ? exportOption
-                          : m_task == Task::Import ? importOption
-                                                   : conditionsOption);
+    return value(m_task == Task::Export ? "export" : m_task == Task::Import ? "import" : "conditions");
 }
 
 std::optional<unsigned int> WorkbenchOptions::moduleOf(const Flow& flow, QString* error) const
@@ -221,12 +167,12 @@ std::optional<unsigned int> WorkbenchOptions::onlyIfModuleOf(const Flow& flow, Q
 
 QString WorkbenchOptions::flowFile() const
 {
-    return valueOr(flowOption, QStringLiteral("../share/if-workbench/nuclei.json"));
+    return valueOr("flow", QStringLiteral("../share/if-workbench/nuclei.json"));
 }
 
 bool WorkbenchOptions::opensSample() const
 {
-    return !m_parser.isSet(flowOption) && !m_parser.isSet(storeOption) && !m_moduleId;
+    return !isSet("flow") && !isSet("store") && !m_moduleId;
 }
 
 QString WorkbenchOptions::sampleConditions() const
@@ -237,15 +183,15 @@ QString WorkbenchOptions::sampleConditions() const
 QString WorkbenchOptions::pluginFile() const
 {
     const QString installed = QStringLiteral(INSTALLED_PLUGIN_FOLDER "/libQIfModule.so");
-    return valueOr(pluginOption, QFile::exists(fromProgramFolder(installed))
-                                     ? installed
-                                     : QStringLiteral("../lib/libQIfModule.so"));
+    return valueOr("plugin", QFile::exists(fromProgramFolder(installed))
+                                 ? installed
+                                 : QStringLiteral("../lib/libQIfModule.so"));
 }
 
 QString WorkbenchOptions::storeFile(const QString& flowFile, const QString& flowName) const
 {
-    if (m_parser.isSet(storeOption)) {
-        return m_parser.value(storeOption);
+    if (isSet("store")) {
+        return value("store");
     }
     const QDir folder(storeFolder());
     if (m_task == Task::Show || m_task == Task::Import) {
@@ -273,7 +219,7 @@ QString WorkbenchOptions::fromProgramFolder(const QString& file)
     return QDir::cleanPath(QCoreApplication::applicationDirPath() + QLatin1Char('/') + file);
 }
 
-QString WorkbenchOptions::valueOr(const QString& option, const QString& file) const
+QString WorkbenchOptions::valueOr(const char* option, const QString& file) const
 {
-    return m_parser.isSet(option) ? m_parser.value(option) : fromProgramFolder(file);
+    return isSet(option) ? value(option) : fromProgramFolder(file);
 }

@@ -26,21 +26,24 @@ public:
     /// False, and a sentence in error, for what it does not understand.
     bool parse(const QStringList& arguments, QString* error);
 
-    bool asksForHelp() const;
-    bool asksForVersion() const;
+    bool asksForHelp() const { return isSet("help"); }
+    bool asksForVersion() const { return isSet("version"); }
     QString helpText() const { return m_parser.helpText(); }
 
     Task task() const { return m_task; }
     /// Where to write a picture of the window; empty for a window that stays open.
-    QString screenshotFile() const;
+    QString screenshotFile() const { return value("screenshot"); }
     /// Faults to arm in the first flow's core.
     QVector<Fault> faults() const { return m_faults; }
     /// The CSV files to run.
-    QStringList runFiles() const;
-    bool asksForSummary() const;
-    bool failsOnNotOk() const;
+    QStringList runFiles() const
+    {
+        return m_parser.values(QStringLiteral("run")) + m_parser.positionalArguments();
+    }
+    bool asksForSummary() const { return isSet("summary"); }
+    bool failsOnNotOk() const { return isSet("fail-on-not-ok"); }
     /// The table for SQL.
-    QString tableName() const;
+    QString tableName() const { return isSet("table") ? value("table") : QStringLiteral("samples"); }
     /// The file to export to, to import or to use in place of a store; empty for none.
     QString conditionsFile() const;
     /// The module to show first: the one asked for, else the first If module, 0 where
@@ -66,7 +69,9 @@ private:
     QString misuse();
     static QString storeFolder();
     static QString fromProgramFolder(const QString& file);
-    QString valueOr(const QString& option, const QString& file) const;
+    bool isSet(const char* option) const { return m_parser.isSet(QString::fromLatin1(option)); }
+    QString value(const char* option) const { return m_parser.value(QString::fromLatin1(option)); }
+    QString valueOr(const char* option, const QString& file) const;
 
     QCommandLineParser m_parser;
     Task m_task = Task::Show;

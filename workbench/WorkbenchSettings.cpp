@@ -5,24 +5,18 @@
 #include <algorithm>
 
 namespace {
-
 constexpr int maximumRecentFlows = 8;
-
 const QString recentFlowsKey = QStringLiteral("recentFlows");
-const QString languageKey = QStringLiteral("language");
-const QString geometryKey = QStringLiteral("window/geometry");
-const QString stateKey = QStringLiteral("window/state");
-
 } // namespace
 
 WorkbenchSettings::WorkbenchSettings()
-    : m_settings(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("if-workbench"),
-                 QStringLiteral("if-workbench"))
+    : QSettings(QSettings::IniFormat, QSettings::UserScope, QStringLiteral("if-workbench"),
+                QStringLiteral("if-workbench"))
 {}
 
 QStringList WorkbenchSettings::recentFlows() const
 {
-    QStringList files = m_settings.value(recentFlowsKey).toStringList();
+    QStringList files = value(recentFlowsKey).toStringList();
     files.erase(std::remove_if(files.begin(), files.end(),
                                [](const QString& file) { return !QFileInfo::exists(file); }),
                 files.end());
@@ -35,31 +29,5 @@ void WorkbenchSettings::addRecentFlow(const QString& file)
     QStringList files = recentFlows();
     files.removeAll(path);
     files.prepend(path);
-    m_settings.setValue(recentFlowsKey, QStringList(files.mid(0, maximumRecentFlows)));
-}
-
-QString WorkbenchSettings::language() const
-{
-    return m_settings.value(languageKey).toString();
-}
-
-void WorkbenchSettings::setLanguage(const QString& code)
-{
-    m_settings.setValue(languageKey, code);
-}
-
-QByteArray WorkbenchSettings::windowGeometry() const
-{
-    return m_settings.value(geometryKey).toByteArray();
-}
-
-QByteArray WorkbenchSettings::windowState() const
-{
-    return m_settings.value(stateKey).toByteArray();
-}
-
-void WorkbenchSettings::setWindow(const QByteArray& geometry, const QByteArray& state)
-{
-    m_settings.setValue(geometryKey, geometry);
-    m_settings.setValue(stateKey, state);
+    setValue(recentFlowsKey, QStringList(files.mid(0, maximumRecentFlows)));
 }

@@ -1,19 +1,15 @@
 #include "commands/CommandLogView.h"
 
+#include "LanguageChange.h"
 #include "TabSeparated.h"
 
 #include <QClipboard>
-#include <QEvent>
 #include <QFileDialog>
 #include <QGuiApplication>
 #include <QHBoxLayout>
-#include <QHeaderView>
-#include <QLineEdit>
 #include <QMessageBox>
-#include <QPushButton>
 #include <QSaveFile>
 #include <QScrollBar>
-#include <QTableView>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -28,22 +24,11 @@ constexpr int columnWidths[] = {60, 110, 150, 70, 180, 330, 120, 180}; // px
 
 CommandLogView::CommandLogView(CommandTap& tap, QWidget* parent)
     : QWidget(parent)
-    , m_filter(new QLineEdit)
-    , m_pause(new QPushButton)
-    , m_clear(new QPushButton)
-    , m_copy(new QPushButton)
-    , m_save(new QPushButton)
-    , m_table(new QTableView)
 {
     m_filtered.setSourceModel(&m_model);
     m_filtered.setFilterKeyColumn(-1);
     m_filtered.setFilterCaseSensitivity(Qt::CaseInsensitive);
-    m_table->setObjectName(QStringLiteral("commandTable"));
     m_table->setModel(&m_filtered);
-    m_table->setSelectionBehavior(QTableView::SelectRows);
-    m_table->setWordWrap(false);
-    m_table->setTabKeyNavigation(false);
-    m_table->verticalHeader()->hide();
     m_table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     m_table->verticalHeader()->setDefaultSectionSize(m_table->fontMetrics().height() + 4);
     m_table->horizontalHeader()->setStretchLastSection(true);
@@ -72,7 +57,7 @@ CommandLogView::CommandLogView(CommandTap& tap, QWidget* parent)
     });
     connect(m_copy, &QPushButton::clicked, this, &CommandLogView::copy);
     connect(m_save, &QPushButton::clicked, this, &CommandLogView::save);
-    retranslate();
+    new LanguageChange(this, [this] { retranslate(); });
 }
 
 void CommandLogView::retranslate()
@@ -157,12 +142,4 @@ void CommandLogView::showEvent(QShowEvent* event)
 {
     m_table->scrollToBottom();
     QWidget::showEvent(event);
-}
-
-void CommandLogView::changeEvent(QEvent* event)
-{
-    if (event->type() == QEvent::LanguageChange) {
-        retranslate();
-    }
-    QWidget::changeEvent(event);
 }

@@ -1,14 +1,13 @@
 #pragma once
 
+#include "Widgets.h"
 #include "commands/CommandLogModel.h"
 
+#include <QLineEdit>
+#include <QPushButton>
 #include <QSortFilterProxyModel>
 #include <QTimer>
 #include <QWidget>
-
-class QLineEdit;
-class QPushButton;
-class QTableView;
 
 /// Shows the commands as they are executed; records only while it is visible and not paused.
 class CommandLogView : public QWidget
@@ -21,7 +20,6 @@ public:
 
 protected:
     void showEvent(QShowEvent* event) override;
-    void changeEvent(QEvent* event) override;
 
 private:
     void retranslate();
@@ -37,10 +35,10 @@ private:
     // Rows reach the view in batches: what a command costs must not depend on the view.
     QVector<CommandEntry> m_pending;
     QTimer m_flush;
-    QLineEdit* m_filter;
-    QPushButton* m_pause;
-    QPushButton* m_clear;
-    QPushButton* m_copy;
-    QPushButton* m_save;
-    QTableView* m_table;
+    QLineEdit* m_filter = new QLineEdit;
+    QPushButton* m_pause = new QPushButton;
+    QPushButton* m_clear = new QPushButton;
+    QPushButton* m_copy = new QPushButton;
+    QPushButton* m_save = new QPushButton;
+    QTableView* m_table = Widgets::createTable("commandTable");
 };

@@ -8,20 +8,9 @@ using namespace ZelCore;
 
 QString CommandEntry::outcome() const
 {
-    if (isException) {
-        return QStringLiteral("Exception");
-    }
-    switch (status) {
-    case Success:
-        return QStringLiteral("Success");
-    case NothingChanged:
-        return QStringLiteral("NothingChanged");
-    case Failed:
-        return QStringLiteral("Failed");
-    case None:
-        break;
-    }
-    return QStringLiteral("None");
+    static const QStringList words = {QStringLiteral("None"), QStringLiteral("Success"),
+                                      QStringLiteral("NothingChanged"), QStringLiteral("Failed")};
+    return isException ? QStringLiteral("Exception") : words.value(status, words.first());
 }
 
 bool CommandEntry::isWrong() const

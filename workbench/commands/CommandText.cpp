@@ -54,37 +54,32 @@ void read(const AddIOCommand& command, CommandText& text, std::size_t)
                         .arg(nameIn(command.IOInfo->VauleType), flagsOf(command.IOInfo->ExtraData));
 }
 
+template <typename Named>
+void readName(const Named& named, CommandText& text)
+{
+    text.module = named.ModuleID;
+    text.parameter = nameIn(named.ParamName);
+}
+
 void read(const SetRunParamCommand& command, CommandText& text, std::size_t longest)
 {
-    text.module = command.ModuleID;
-    text.parameter = nameIn(command.ParamName);
+    readName(command, text);
     text.content = CommandText::visible(TextOf(command.Val), longest);
     text.isValue = true;
 }
 
-template <typename DataCommand>
-void readData(const DataCommand& command, CommandText& text, std::size_t longest)
+// One that sets bytes.
+template <typename Command>
+auto read(const Command& command, CommandText& text, std::size_t longest) -> decltype(void(command.Data))
 {
-    text.module = command.ModuleID;
-    text.parameter = nameIn(command.ParamName);
+    readName(command, text);
     text.content = visible(command.Data, command.DataLen, longest);
     text.isValue = true;
 }
 
-void read(const SetBinaryDataCommand& command, CommandText& text, std::size_t longest)
-{
-    readData(command, text, longest);
-}
-
-void read(const SetUIDataCommand& command, CommandText& text, std::size_t longest)
-{
-    readData(command, text, longest);
-}
-
 void read(const DeleteUIDataCommand& command, CommandText& text, std::size_t)
 {
-    text.module = command.ModuleID;
-    text.parameter = nameIn(command.ParamName);
+    readName(command, text);
 }
 
 void readCondition(const SUBSCRIBE_CONDITION__& condition, CommandText& text)
@@ -102,8 +97,7 @@ void readCondition(const UI_OBJECT_PARAM_INFO_CONDITION__& condition, CommandTex
 template <typename Condition>
 void readCondition(const Condition& condition, CommandText& text)
 {
-    text.module = condition.ModuleID;
-    text.parameter = nameIn(condition.ParamName);
+    readName(condition, text);
 }
 
 template <typename Condition, typename Result>

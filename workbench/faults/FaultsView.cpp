@@ -1,15 +1,8 @@
 #include "faults/FaultsView.h"
 
+#include "LanguageChange.h"
 #include "commands/CommandText.h"
 #include "faults/FaultInjector.h"
-
-#include <QComboBox>
-#include <QEvent>
-#include <QFormLayout>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QSpinBox>
 
 namespace {
 
@@ -20,16 +13,6 @@ enum When { Next, Nth, Every };
 FaultsView::FaultsView(FaultInjector& injector, QWidget* parent)
     : QWidget(parent)
     , m_injector(injector)
-    , m_form(new QFormLayout)
-    , m_kind(new QComboBox)
-    , m_parameter(new QLineEdit)
-    , m_when(new QComboBox)
-    , m_number(new QSpinBox)
-    , m_answer(new QComboBox)
-    , m_message(new QLineEdit)
-    , m_arm(new QPushButton)
-    , m_disarm(new QPushButton)
-    , m_banner(new QLabel)
 {
     m_kind->addItem(QString());
     m_kind->addItems(CommandText::kinds());
@@ -37,9 +20,6 @@ FaultsView::FaultsView(FaultInjector& injector, QWidget* parent)
     m_number->setRange(1, 1000000);
     m_number->setValue(2);
     m_answer->addItems(FaultPlan::answers());
-    m_arm->setObjectName(QStringLiteral("armButton"));
-    m_disarm->setObjectName(QStringLiteral("disarmButton"));
-    m_banner->setObjectName(QStringLiteral("faultBanner"));
     m_banner->setWordWrap(true);
     m_banner->setTextInteractionFlags(Qt::TextSelectableByMouse);
     m_banner->setStyleSheet(QStringLiteral("background: #b02020; color: white; padding: 6px"));
@@ -61,7 +41,7 @@ FaultsView::FaultsView(FaultInjector& injector, QWidget* parent)
     connect(m_arm, &QPushButton::clicked, this, &FaultsView::arm);
     connect(m_disarm, &QPushButton::clicked, &injector, &FaultInjector::disarm);
     connect(&injector, &FaultInjector::planChanged, this, &FaultsView::showPlan);
-    retranslate();
+    new LanguageChange(this, [this] { retranslate(); });
 }
 
 void FaultsView::retranslate()
@@ -106,12 +86,4 @@ void FaultsView::showPlan()
     m_banner->setText(lines.join(QLatin1Char('\n')));
     m_banner->setVisible(m_injector.plan().isArmed());
     m_disarm->setEnabled(m_injector.plan().isArmed());
-}
-
-void FaultsView::changeEvent(QEvent* event)
-{
-    if (event->type() == QEvent::LanguageChange) {
-        retranslate();
-    }
-    QWidget::changeEvent(event);
 }

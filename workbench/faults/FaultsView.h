@@ -1,14 +1,15 @@
 #pragma once
 
-#include <QWidget>
+#include "Widgets.h"
+
+#include <QComboBox>
+#include <QFormLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSpinBox>
 
 class FaultInjector;
-class QComboBox;
-class QFormLayout;
-class QLabel;
-class QLineEdit;
-class QPushButton;
-class QSpinBox;
 
 /// Arms faults and shows those that are armed.
 class FaultsView : public QWidget
@@ -19,23 +20,20 @@ public:
     /// The injector must outlive the view.
     explicit FaultsView(FaultInjector& injector, QWidget* parent = nullptr);
 
-protected:
-    void changeEvent(QEvent* event) override;
-
 private:
     void retranslate();
     void arm();
     void showPlan();
 
     FaultInjector& m_injector;
-    QFormLayout* m_form;
-    QComboBox* m_kind;
-    QLineEdit* m_parameter;
-    QComboBox* m_when;
-    QSpinBox* m_number;
-    QComboBox* m_answer;
-    QLineEdit* m_message;
-    QPushButton* m_arm;
-    QPushButton* m_disarm;
-    QLabel* m_banner;
+    QFormLayout* m_form = new QFormLayout;
+    QComboBox* m_kind = new QComboBox;
+    QLineEdit* m_parameter = new QLineEdit;
+    QComboBox* m_when = new QComboBox;
+    QSpinBox* m_number = new QSpinBox;
+    QComboBox* m_answer = new QComboBox;
+    QLineEdit* m_message = new QLineEdit;
+    QPushButton* m_arm = Widgets::named("armButton", new QPushButton);
+    QPushButton* m_disarm = Widgets::named("disarmButton", new QPushButton);
+    QLabel* m_banner = Widgets::named("faultBanner", new QLabel);
 };

@@ -1,13 +1,9 @@
 #include "inspector/InspectorView.h"
 
+#include "LanguageChange.h"
 #include "commands/CommandText.h"
 #include "judgement/IfConfiguration.h"
 
-#include <QEvent>
-#include <QHeaderView>
-#include <QLabel>
-#include <QPlainTextEdit>
-#include <QTableView>
 #include <QVBoxLayout>
 
 namespace {
@@ -18,12 +14,8 @@ constexpr std::size_t longestBytes = 4096;
 InspectorView::InspectorView(const CurrentModule& module, QWidget* parent)
     : QTabWidget(parent)
     , m_module(module)
-    , m_summary(new QLabel)
-    , m_bytes(new QPlainTextEdit)
 {
-    m_summary->setObjectName(QStringLiteral("inspectorSummary"));
     m_summary->setWordWrap(true);
-    m_bytes->setObjectName(QStringLiteral("inspectorBytes"));
     m_bytes->setReadOnly(true);
     m_bytes->setTabChangesFocus(true);
     m_bytes->setMaximumHeight(bytesHeight);
@@ -31,7 +23,7 @@ InspectorView::InspectorView(const CurrentModule& module, QWidget* parent)
     auto* const conditions = new QWidget;
     auto* const layout = new QVBoxLayout(conditions);
     layout->setContentsMargins({});
-    QTableView* const conditionTable = createTable(m_conditions, QStringLiteral("conditionTable"));
+    QTableView* const conditionTable = createTable(m_conditions, "conditionTable");
     // In a narrow dock the result is visible without scrolling.
     connect(&m_conditions, &QAbstractItemModel::modelReset, conditionTable, [conditionTable] {
         QHeaderView* const header = conditionTable->horizontalHeader();
@@ -41,12 +33,14 @@ InspectorView::InspectorView(const CurrentModule& module, QWidget* parent)
     layout->addWidget(m_summary);
     layout->addWidget(m_bytes);
     addTab(conditions, QString());
-    addTab(createTable(m_ios, QStringLiteral("ioTable")), QString());
-    addTab(createTable(m_bindings, QStringLiteral("bindingTable")), QString());
-    addTab(createTable(m_values, QStringLiteral("valueTable")), QString());
-    retranslate();
-
+    addTab(createTable(m_ios, "ioTable"), QString());
+    addTab(createTable(m_bindings, "bindingTable"), QString());
+    addTab(createTable(m_values, "valueTable"), QString());
     connect(&module, &CurrentModule::changed, this, &InspectorView::refresh);
+    new LanguageChange(this, [this] {
+        retranslate();
+        refresh();
+    });
 }
 
 void InspectorView::setResults(const QVector<Judgement::Result>& results)
@@ -55,15 +49,10 @@ void InspectorView::setResults(const QVector<Judgement::Result>& results)
     refresh();
 }
 
-QTableView* InspectorView::createTable(InspectionTableModel& model, const QString& name)
+QTableView* InspectorView::createTable(InspectionTableModel& model, const char* name)
 {
-    auto* const table = new QTableView;
-    table->setObjectName(name);
+    QTableView* const table = Widgets::createTable(name);
     table->setModel(&model);
-    table->setSelectionBehavior(QTableView::SelectRows);
-    table->setWordWrap(false);
-    table->setTabKeyNavigation(false);
-    table->verticalHeader()->hide();
     table->horizontalHeader()->setStretchLastSection(true);
     table->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
     return table;
@@ -109,13 +98,4 @@ void InspectorView::showEvent(QShowEvent* event)
 {
     refresh();
     QTabWidget::showEvent(event);
-}
-
-void InspectorView::changeEvent(QEvent* event)
-{
-    if (event->type() == QEvent::LanguageChange) {
-        retranslate();
-        refresh();
-    }
-    QTabWidget::changeEvent(event);
 }

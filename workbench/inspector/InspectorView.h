@@ -1,13 +1,12 @@
 #pragma once
 
 #include "CurrentModule.h"
+#include "Widgets.h"
 #include "inspector/InspectionTableModel.h"
 
+#include <QLabel>
+#include <QPlainTextEdit>
 #include <QTabWidget>
-
-class QLabel;
-class QPlainTextEdit;
-class QTableView;
 
 /// Shows what the store holds for a module, beside what its panel shows; read anew after every command.
 class InspectorView : public QTabWidget
@@ -23,11 +22,10 @@ public:
     void setResults(const QVector<Judgement::Result>& results);
 
     /// A view of rows, fitted to their texts.
-    static QTableView* createTable(InspectionTableModel& model, const QString& name);
+    static QTableView* createTable(InspectionTableModel& model, const char* name);
 
 protected:
     void showEvent(QShowEvent* event) override;
-    void changeEvent(QEvent* event) override;
 
 private:
     void retranslate();
@@ -39,6 +37,6 @@ private:
     InspectionTableModel m_ios;
     InspectionTableModel m_bindings;
     InspectionTableModel m_values;
-    QLabel* m_summary;
-    QPlainTextEdit* m_bytes;
+    QLabel* m_summary = Widgets::named("inspectorSummary", new QLabel);
+    QPlainTextEdit* m_bytes = Widgets::named("inspectorBytes", new QPlainTextEdit);
 };

@@ -1,9 +1,8 @@
 #include "inspector/StoredStatus.h"
 
 #include "CoreSession.h"
+#include "LanguageChange.h"
 #include "inspector/ModuleInspection.h"
-
-#include <QEvent>
 
 namespace {
 
@@ -32,6 +31,7 @@ StoredStatus::StoredStatus(CurrentModule& module, QWidget* parent)
     setWordWrap(true);
     connect(&module, &CurrentModule::changed, this, &StoredStatus::refresh);
     connect(&module.session().tap(), &CommandTap::executed, this, &StoredStatus::note);
+    new LanguageChange(this, [this] { refresh(); });
 }
 
 void StoredStatus::note(ZelCore::ICommand& command, const CommandEntry& given)
@@ -79,12 +79,4 @@ void StoredStatus::refresh()
         lines = lines.mid(0, mostLines - 1) << QStringLiteral("…");
     }
     setText(lines.join(QLatin1Char('\n')));
-}
-
-void StoredStatus::changeEvent(QEvent* event)
-{
-    if (event->type() == QEvent::LanguageChange) {
-        refresh();
-    }
-    QLabel::changeEvent(event);
 }

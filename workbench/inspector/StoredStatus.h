@@ -16,9 +16,6 @@ public:
     /// The module must outlive the line.
     explicit StoredStatus(CurrentModule& module, QWidget* parent = nullptr);
 
-protected:
-    void changeEvent(QEvent* event) override;
-
 private:
     void note(ZelCore::ICommand& command, const CommandEntry& entry);
     void refresh();

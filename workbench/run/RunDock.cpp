@@ -2,30 +2,23 @@
 
 #include "CoreSession.h"
 #include "CurrentModule.h"
+#include "LanguageChange.h"
 #include "TabSeparated.h"
 #include "WorkbenchApplication.h"
 #include "condition/ConditionName.h"
 #include "inspector/ModuleInspection.h"
 #include "judgement/ResultCsv.h"
 
-#include <QAction>
-#include <QCheckBox>
 #include <QClipboard>
-#include <QComboBox>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QHBoxLayout>
-#include <QHeaderView>
-#include <QLabel>
-#include <QProgressBar>
 #include <QProgressDialog>
-#include <QPushButton>
 #include <QSaveFile>
 #include <QSignalBlocker>
 #include <QSplitter>
-#include <QTableView>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -38,13 +31,6 @@ namespace {
 constexpr int chunkMilliseconds = 15;
 constexpr int showMilliseconds = 100;
 constexpr int progressSteps = 1000;
-
-template <typename Widget>
-Widget* named(const char* name, Widget* widget)
-{
-    widget->setObjectName(QString::fromLatin1(name));
-    return widget;
-}
 
 // The samples that come with a flow stand beside it and have its name.
 QString samplesOf(const QString& flowFile)
@@ -72,23 +58,6 @@ QStringList titlesOf(const QVector<Judgement::Condition>& conditions,
 RunDock::RunDock(const CurrentModule& module, QWidget* parent)
     : QWidget(parent)
     , m_module(module)
-    , m_source(named("sourceBox", new QComboBox))
-    , m_browse(named("browseButton", new QPushButton))
-    , m_once(new QAction(this))
-    , m_step(new QAction(this))
-    , m_all(new QAction(this))
-    , m_cancel(named("cancelButton", new QPushButton))
-    , m_export(named("exportButton", new QPushButton))
-    , m_progress(named("runProgress", new QProgressBar))
-    , m_totals(named("runTotals", new QLabel))
-    , m_problem(named("runProblem", new QLabel))
-    , m_onlyNotOk(named("onlyNotOk", new QCheckBox))
-    , m_table(named("resultTable", new QTableView))
-    , m_copy(new QAction(this))
-    , m_condition(named("conditionBox", new QComboBox))
-    , m_conditionTotals(named("conditionTotals", new QLabel))
-    , m_histogram(named("histogram", new HistogramView))
-    , m_statistics(named("statistics", new QLabel))
 {
     m_totals->setTextInteractionFlags(Qt::TextSelectableByMouse);
     m_problem->setTextInteractionFlags(Qt::TextSelectableByMouse);
@@ -127,7 +96,10 @@ RunDock::RunDock(const CurrentModule& module, QWidget* parent)
     connect(m_cancel, &QPushButton::clicked, this, &RunDock::cancel);
     connect(m_export, &QPushButton::clicked, this, &RunDock::exportResults);
     connect(&module, &CurrentModule::changed, this, &RunDock::followModule);
-    retranslate();
+    new LanguageChange(this, [this] {
+        retranslate();
+        showTotals();
+    });
     reset();
 }
 
@@ -153,15 +125,6 @@ void RunDock::retranslate()
     m_histogram->setAccessibleName(tr("values of the condition"));
 }
 
-void RunDock::changeEvent(QEvent* event)
-{
-    if (event->type() == QEvent::LanguageChange) {
-        retranslate();
-        showTotals();
-    }
-    QWidget::changeEvent(event);
-}
-
 QWidget* RunDock::createSourceRow()
 {
     m_source->setSizeAdjustPolicy(QComboBox::AdjustToContents);
@@ -175,7 +138,7 @@ QWidget* RunDock::createSourceRow()
     m_step->setShortcut(Qt::Key_F10);
     m_all->setShortcut(Qt::Key_F9);
     const auto buttonOf = [](const char* name, QAction* action) {
-        auto* const button = named(name, new QToolButton);
+        auto* const button = Widgets::named(name, new QToolButton);
         button->setDefaultAction(action);
         button->setFocusPolicy(Qt::StrongFocus);
         return button;
@@ -195,10 +158,6 @@ QWidget* RunDock::createSourceRow()
 
 void RunDock::setUpTable()
 {
-    m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
-    m_table->setWordWrap(false);
-    m_table->setTabKeyNavigation(false); // Tab leaves the table
-    m_table->verticalHeader()->hide();
     m_table->verticalHeader()->setDefaultSectionSize(m_table->fontMetrics().height() + 4);
     // Columns are fitted to the rows in sight, not to all.
     m_table->horizontalHeader()->setResizeContentsPrecision(0);

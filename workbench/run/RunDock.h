@@ -1,24 +1,23 @@
 #pragma once
 
+#include "Widgets.h"
 #include "judgement/SampleRun.h"
 #include "run/HistogramView.h"
 #include "run/ResultModel.h"
 #include "run/ValueSample.h"
 
+#include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
 #include <QElapsedTimer>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
 #include <QTimer>
-#include <QWidget>
 
 #include <memory>
 
 class CurrentModule;
-class QAction;
-class QCheckBox;
-class QComboBox;
-class QLabel;
-class QProgressBar;
-class QPushButton;
-class QTableView;
 
 /// Judges sample values by the current module's configuration and shows what came out. Only an If module can
 /// be run.
@@ -36,9 +35,6 @@ public:
 signals:
     /// A row of the results was chosen; empty when none is, or when the conditions have changed since.
     void resultsChosen(const QVector<Judgement::Result>& results);
-
-protected:
-    void changeEvent(QEvent* event) override;
 
 private:
     /// What is shown of a condition beside its totals.
@@ -95,21 +91,21 @@ private:
     ResultModel m_results;
     ResultModel m_notOk;
 
-    QComboBox* m_source;
-    QPushButton* m_browse;
-    QAction* m_once;
-    QAction* m_step;
-    QAction* m_all;
-    QPushButton* m_cancel;
-    QPushButton* m_export;
-    QProgressBar* m_progress;
-    QLabel* m_totals;
-    QLabel* m_problem;
-    QCheckBox* m_onlyNotOk;
-    QTableView* m_table;
-    QAction* m_copy;
-    QComboBox* m_condition;
-    QLabel* m_conditionTotals;
-    HistogramView* m_histogram;
-    QLabel* m_statistics;
+    QComboBox* m_source = Widgets::named("sourceBox", new QComboBox);
+    QPushButton* m_browse = Widgets::named("browseButton", new QPushButton);
+    QAction* m_once = new QAction(this);
+    QAction* m_step = new QAction(this);
+    QAction* m_all = new QAction(this);
+    QPushButton* m_cancel = Widgets::named("cancelButton", new QPushButton);
+    QPushButton* m_export = Widgets::named("exportButton", new QPushButton);
+    QProgressBar* m_progress = Widgets::named("runProgress", new QProgressBar);
+    QLabel* m_totals = Widgets::named("runTotals", new QLabel);
+    QLabel* m_problem = Widgets::named("runProblem", new QLabel);
+    QCheckBox* m_onlyNotOk = Widgets::named("onlyNotOk", new QCheckBox);
+    QTableView* m_table = Widgets::createTable("resultTable");
+    QAction* m_copy = new QAction(this);
+    QComboBox* m_condition = Widgets::named("conditionBox", new QComboBox);
+    QLabel* m_conditionTotals = Widgets::named("conditionTotals", new QLabel);
+    HistogramView* m_histogram = Widgets::named("histogram", new HistogramView);
+    QLabel* m_statistics = Widgets::named("statistics", new QLabel);
 };
