@@ -25,4 +25,12 @@ inline bool isSubscribed(const ModuleConfiguration& configuration, const QString
     return qstrcmp(configuration.uiData.value(sourceKey).constData(), ModuleParameter::subscribedBound) == 0;
 }
 
+/// What feeds an IO or run parameter; empty when nothing does.
+inline QString sourceOf(const ModuleConfiguration& configuration, ZelCore::ENUM_IO_SUBSCRIBE_TYPE_ type,
+                        const QString& key)
+{
+    const ModuleBinding* const binding = configuration.binding(type, key);
+    return binding ? binding->source : QString();
+}
+
 } // namespace IfConfiguration

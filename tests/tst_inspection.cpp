@@ -1,6 +1,5 @@
 #include "ConditionsFile.h"
 #include "CoreSession.h"
-#include "FlowModuleModel.h"
 #include "HostApplication.h"
 #include "MainWindow.h"
 #include "PanelPlugin.h"
@@ -249,8 +248,7 @@ void tst_inspection::run()
              "float2 concave points 5.Mean.ConcavePoints\n"
              "5\tnot OK\t20.29 is above 15.5\t14.34 is within 9 to 25\t0.1043 is above 0.055");
     auto* const conditions = inspector.findChild<QTableView*>("conditionTable")->model();
-    FlowModuleModel modules(f.session.flow());
-    for (const auto* model : QVector<QAbstractItemModel*>{&modules, table->model(), conditions}) {
+    for (const auto* model : QVector<QAbstractItemModel*>{table->model(), conditions}) {
         QVERIFY(!model->data({}, Qt::DisplayRole).isValid()); // Ctrl+C with no current item
     }
     QCOMPARE(conditions->index(0, 2).data().toString(), "20.29");

@@ -21,18 +21,6 @@ using namespace ZelCore;
 
 namespace {
 
-const QString versionKey = QStringLiteral("version");
-const QString modeKey = QStringLiteral("mode");
-const QString conditionsKey = QStringLiteral("conditions");
-const QString nameKey = QStringLiteral("name");
-const QString noteKey = QStringLiteral("note");
-const QString inputKey = QStringLiteral("input");
-const QString minimumKey = QStringLiteral("minimum");
-const QString maximumKey = QStringLiteral("maximum");
-const QString constantKey = QStringLiteral("constant");
-const QString sourceKey = QStringLiteral("source");
-const QString allWord = QStringLiteral("all");
-const QString anyWord = QStringLiteral("any");
 constexpr int version = 1;
 
 struct Texts
@@ -59,12 +47,6 @@ QString jsonText(const QJsonValue& value)
     return QString::fromUtf8(array.mid(1, array.size() - 2));
 }
 
-QString sourceOf(const ModuleConfiguration& configuration, ENUM_IO_SUBSCRIBE_TYPE_ type, const QString& key)
-{
-    const ModuleBinding* const binding = configuration.binding(type, key);
-    return binding ? binding->source : QString();
-}
-
 QString boundText(const ModuleConfiguration& configuration, double constant, const QString& bindingKey,
                   const QString& boundSourceKey)
 {
@@ -72,22 +54,26 @@ QString boundText(const ModuleConfiguration& configuration, double constant, con
         return jsonText(constant);
     }
     return QStringLiteral(R"({"constant": %1, "source": %2})")
-        .arg(jsonText(constant), jsonText(sourceOf(configuration, SUBSCRIBE_TYPE_RUNPARAM, bindingKey)));
+        .arg(jsonText(constant),
+             jsonText(IfConfiguration::sourceOf(configuration, SUBSCRIBE_TYPE_RUNPARAM, bindingKey)));
 }
 
-QJsonObject objectAt(const QJsonValue& value, const QString& place, const QStringList& keys)
+// The keys are separated by blanks.
+QJsonObject objectAt(const QJsonValue& value, const QString& place, const char* keys)
 {
+    const QStringList known = QString::fromLatin1(keys).split(QLatin1Char(' '));
     require(value.isObject(), place, Texts::tr("expected an object"));
     QJsonObject object = value.toObject();
     const QStringList present = object.keys();
     for (const QString& key : present) {
-        require(keys.contains(key), place, Texts::tr("unknown key \"%1\"").arg(key));
+        require(known.contains(key), place, Texts::tr("unknown key \"%1\"").arg(key));
     }
     return object;
 }
 
-QString textAt(const QJsonObject& object, const QString& key, const QString& place)
+QString textAt(const QJsonObject& object, const char* name, const QString& place)
 {
+    const auto key = QString::fromLatin1(name);
     const QJsonValue value = object[key];
     require(value.isString() || value.isUndefined(), place + QLatin1Char('.') + key,
             Texts::tr("expected a text"));
@@ -106,11 +92,11 @@ double readBound(ModuleConfiguration* configuration, QJsonValue value, const QSt
                  const QString& bindingKey, const QString& boundSourceKey)
 {
     if (value.isObject()) {
-        const QJsonObject bound = objectAt(value, place, {constantKey, sourceKey});
-        bind(configuration, SUBSCRIBE_TYPE_RUNPARAM, bindingKey, textAt(bound, sourceKey, place));
+        const QJsonObject bound = objectAt(value, place, "constant source");
+        bind(configuration, SUBSCRIBE_TYPE_RUNPARAM, bindingKey, textAt(bound, "source", place));
         configuration->uiData[boundSourceKey] =
             QByteArray(ModuleParameter::subscribedBound, sizeof(ModuleParameter::subscribedBound));
-        value = bound[constantKey];
+        value = bound[QLatin1String("constant")];
     }
     constexpr int limit = 999999999; // of the fields in the panel
     const double number = value.toDouble();
@@ -125,14 +111,13 @@ double readBound(ModuleConfiguration* configuration, QJsonValue value, const QSt
 ConditionRecord readCondition(ModuleConfiguration* configuration, const QJsonValue& value,
                               const QString& place)
 {
-    const QJsonObject condition =
-        objectAt(value, place, {nameKey, noteKey, inputKey, minimumKey, maximumKey});
+    const QJsonObject condition = objectAt(value, place, "name note input minimum maximum");
     ConditionRecord record;
-    record.name = textAt(condition, nameKey, place);
+    record.name = textAt(condition, "name", place);
     static const QRegularExpression form(QStringLiteral("^(int|float)(0|[1-9][0-9]{0,8})$"));
     require(form.match(record.name).hasMatch(), place + QStringLiteral(".name"),
             Texts::tr("expected \"int\" or \"float\" and a number"));
-    record.note = textAt(condition, noteKey, place);
+    record.note = textAt(condition, "note", place);
     static const QRegularExpression unstorable(QStringLiteral("[:;\\x00-\\x1f]"));
     require(!record.note.contains(unstorable), place + QStringLiteral(".note"),
             Texts::tr("a note can't hold ':', ';' or control characters"));
@@ -145,12 +130,14 @@ ConditionRecord readCondition(ModuleConfiguration* configuration, const QJsonVal
         added.flags.CanSubscribe = false;
         configuration->ios << added;
     }
-    bind(configuration, SUBSCRIBE_TYPE_IO, input, textAt(condition, inputKey, place));
+    bind(configuration, SUBSCRIBE_TYPE_IO, input, textAt(condition, "input", place));
     const bool isFloat = isWrittenAsFloat(record.name);
-    record.minimum = readBound(configuration, condition[minimumKey], place + QStringLiteral(".minimum"),
-                               isFloat, lowerBoundKey(record.name), lowerBoundSourceKey(record.name));
-    record.maximum = readBound(configuration, condition[maximumKey], place + QStringLiteral(".maximum"),
-                               isFloat, upperBoundKey(record.name), upperBoundSourceKey(record.name));
+    record.minimum =
+        readBound(configuration, condition[QLatin1String("minimum")], place + QStringLiteral(".minimum"),
+                  isFloat, lowerBoundKey(record.name), lowerBoundSourceKey(record.name));
+    record.maximum =
+        readBound(configuration, condition[QLatin1String("maximum")], place + QStringLiteral(".maximum"),
+                  isFloat, upperBoundKey(record.name), upperBoundSourceKey(record.name));
     return record;
 }
 
@@ -160,24 +147,28 @@ ModuleConfiguration parsed(const QByteArray& json)
     const QJsonDocument document = QJsonDocument::fromJson(json, &problem);
     require(!document.isNull(), Texts::tr("byte %1").arg(problem.offset), problem.errorString());
     const QJsonObject root = objectAt(document.isObject() ? QJsonValue(document.object()) : QJsonValue(),
-                                      Texts::tr("the file"), {versionKey, modeKey, conditionsKey});
-    require(root[versionKey] == QJsonValue(version), versionKey, Texts::tr("expected %1").arg(version));
-    const QString mode = root[modeKey].toString();
-    require(mode == allWord || mode == anyWord, modeKey, Texts::tr("expected \"all\" or \"any\""));
-    require(root[conditionsKey].isArray(), conditionsKey, Texts::tr("expected a list"));
+                                      Texts::tr("the file"), "version mode conditions");
+    require(root[QLatin1String("version")] == QJsonValue(version), QStringLiteral("version"),
+            Texts::tr("expected %1").arg(version));
+    const QString mode = root[QLatin1String("mode")].toString();
+    require(mode == QLatin1String("all") || mode == QLatin1String("any"), QStringLiteral("mode"),
+            Texts::tr("expected \"all\" or \"any\""));
+    require(root[QLatin1String("conditions")].isArray(), QStringLiteral("conditions"),
+            Texts::tr("expected a list"));
 
     ModuleConfiguration configuration;
     QList<ConditionRecord> records;
     QStringList names;
-    const QJsonArray conditions = root[conditionsKey].toArray();
+    const QJsonArray conditions = root[QLatin1String("conditions")].toArray();
     for (const auto& condition : conditions) {
-        const QString place = QStringLiteral("%1[%2]").arg(conditionsKey).arg(records.size());
+        const QString place = QStringLiteral("conditions[%1]").arg(records.size());
         records << readCondition(&configuration, condition, place);
         require(!names.contains(records.last().name), place + QStringLiteral(".name"),
                 Texts::tr("%1 is there twice").arg(records.last().name));
         names << records.last().name;
     }
-    configuration.runParameters[QLatin1String(ModuleParameter::judgementMode)] = mode == allWord ? "1" : "2";
+    configuration.runParameters[QLatin1String(ModuleParameter::judgementMode)] =
+        mode == QLatin1String("all") ? "1" : "2";
     configuration.binaryData[QLatin1String(ModuleParameter::conditionList)] =
         ConditionRecord::toText(records).toUtf8();
     return configuration;
@@ -214,7 +205,7 @@ void change(EmbeddedCore& core, UInt moduleId, const ModuleConfiguration& target
         }
     }
     for (const ModuleBinding& binding : target.bindings) {
-        if (sourceOf(present, binding.target.Type, binding.target.Key) != binding.source) {
+        if (IfConfiguration::sourceOf(present, binding.target.Type, binding.target.Key) != binding.source) {
             send(SetFilterSourceCommand({moduleId, binding.target.Type, binding.target.Key}, binding.source));
         }
     }
@@ -254,14 +245,16 @@ QByteArray ConditionsFile::textOf(const ModuleConfiguration& configuration)
         conditions << QStringLiteral("\n        {\"name\": %1, \"note\": %2, \"input\": %3, \"minimum\": %4, "
                                      "\"maximum\": %5}")
                           .arg(jsonText(name), jsonText(condition.note),
-                               jsonText(sourceOf(configuration, SUBSCRIBE_TYPE_IO, inputIo(name))),
+                               jsonText(IfConfiguration::sourceOf(configuration, SUBSCRIBE_TYPE_IO,
+                                                                  inputIo(name))),
                                boundText(configuration, condition.minimum, lowerBoundKey(name),
                                          lowerBoundSourceKey(name)),
                                boundText(configuration, condition.maximum, upperBoundKey(name),
                                          upperBoundSourceKey(name)));
     }
-    return QStringLiteral("{\n    \"version\": %1,\n    \"mode\": %2,\n    \"conditions\": [%3]\n}\n")
-        .arg(QString::number(version), jsonText(IfConfiguration::needsAll(configuration) ? allWord : anyWord),
+    return QStringLiteral("{\n    \"version\": %1,\n    \"mode\": \"%2\",\n    \"conditions\": [%3]\n}\n")
+        .arg(QString::number(version),
+             IfConfiguration::needsAll(configuration) ? QStringLiteral("all") : QStringLiteral("any"),
              conditions.isEmpty() ? QString() : conditions.join(QLatin1Char(',')) + QStringLiteral("\n    "))
         .toUtf8();
 }

@@ -1,12 +1,9 @@
 #include "Headless.h"
 
-#include "inspector/ConfigurationJson.h"
-#include "judgement/JudgementSql.h"
 #include "judgement/ResultCsv.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
-#include <QJsonDocument>
 
 #include <cerrno>
 #include <cstdio>
@@ -112,19 +109,6 @@ std::optional<bool> Headless::printRun(const ModuleConfiguration& configuration,
         std::fputs(totalsOf(*run).constData(), stderr);
     }
     return run->okRows() == run->rows();
-}
-
-bool Headless::printConfiguration(const ModuleConfiguration& configuration, QString* error)
-{
-    return print(QJsonDocument(ConfigurationJson::of(configuration)).toJson(), error);
-}
-
-bool Headless::printSql(const ModuleConfiguration& configuration, const QString& table, QString* error)
-{
-    const Judgement judgement(configuration, true);
-    const QString text =
-        JudgementSql::rows(judgement, table) + QLatin1Char('\n') + JudgementSql::totals(judgement, table);
-    return print(text.toUtf8(), error);
 }
 
 bool Headless::print(const QByteArray& text, QString* error)

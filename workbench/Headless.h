@@ -17,14 +17,6 @@ namespace Headless {
 std::optional<bool> printRun(const ModuleConfiguration& configuration, const QStringList& csvFiles,
                              bool totalsOnly, QString* error);
 
-/// Prints all that the core holds for a module as JSON, keys in alphabetical order. False, and a sentence
-/// in error, when it can't be written.
-bool printConfiguration(const ModuleConfiguration& configuration, QString* error);
-
-/// Prints the queries of JudgementSql for a table. False, and a sentence in error, when they can't be
-/// written.
-bool printSql(const ModuleConfiguration& configuration, const QString& table, QString* error);
-
 /// Prints a text; false, and a sentence in error, when it can't be written.
 bool print(const QByteArray& text, QString* error);
 

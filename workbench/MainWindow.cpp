@@ -61,7 +61,6 @@ MainWindow::MainWindow(CoreSession& session, const PanelPlugin& plugin, Workbenc
     : m_session(session)
     , m_plugin(plugin)
     , m_settings(settings)
-    , m_modules(session.flow())
     , m_module(session)
     , m_history(m_module)
 {
@@ -69,10 +68,12 @@ MainWindow::MainWindow(CoreSession& session, const PanelPlugin& plugin, Workbenc
     createMenus();
 
     setTranslated(m_moduleList, "accessibleName", QT_TR_NOOP("modules of the flow"));
-    m_moduleList->setModel(&m_modules);
+    for (const FlowModule& module : session.flow().modules()) {
+        m_moduleList->addItem(
+            QStringLiteral("%1  %2\n%3").arg(QString::number(module.id), module.name, module.kind));
+    }
     m_moduleList->setSpacing(3);
-    connect(m_moduleList->selectionModel(), &QItemSelectionModel::currentChanged, this,
-            &MainWindow::showCurrentModule);
+    connect(m_moduleList, &QListWidget::currentRowChanged, this, &MainWindow::showModuleAt);
 
     auto* const splitter = new QSplitter;
     splitter->addWidget(m_moduleList);
@@ -346,15 +347,16 @@ void MainWindow::showAbout()
 
 void MainWindow::showModule(unsigned int moduleId)
 {
-    m_moduleList->setCurrentIndex(m_modules.indexOf(moduleId));
+    const auto& modules = m_session.flow().modules();
+    m_moduleList->setCurrentRow(static_cast<int>(m_session.flow().module(moduleId) - modules.constData()));
 }
 
-void MainWindow::showCurrentModule()
+void MainWindow::showModuleAt(int row)
 {
-    if (!m_moduleList->currentIndex().isValid()) {
+    if (row < 0) {
         return;
     }
-    const FlowModule& module = m_modules.moduleAt(m_moduleList->currentIndex());
+    const FlowModule& module = m_session.flow().modules().at(row);
     Page& page = m_pageOf[module.id];
     if (!page.widget) {
         page = createPage(module);

@@ -1,19 +1,20 @@
 #pragma once
 
-#include "FlowModuleModel.h"
+#include "CurrentModule.h"
 #include "UndoHistory.h"
 #include "Widgets.h"
 #include "inspector/InspectionTableModel.h"
 
 #include <QHash>
 #include <QLabel>
-#include <QListView>
+#include <QListWidget>
 #include <QMainWindow>
 #include <QStackedWidget>
 
 #include <functional>
 
 class CoreSession;
+struct FlowModule;
 class PanelPlugin;
 class QDockWidget;
 class QMenu;
@@ -67,7 +68,7 @@ private:
     void arrange();
     void createMenus();
     void retranslate();
-    void showCurrentModule();
+    void showModuleAt(int row);
     void importConditions();
     void exportConditions();
     /// Has what is stored for the current module replaced, while its panel is hidden.
@@ -78,10 +79,9 @@ private:
     CoreSession& m_session;
     const PanelPlugin& m_plugin;
     WorkbenchSettings& m_settings;
-    FlowModuleModel m_modules;
     CurrentModule m_module;
     UndoHistory m_history;
-    QListView* m_moduleList = Widgets::named("moduleList", new QListView);
+    QListWidget* m_moduleList = Widgets::named("moduleList", new QListWidget);
     QStackedWidget* m_pages = new QStackedWidget;
     QHash<unsigned int, Page> m_pageOf;
     QLabel* m_flowLabel = Widgets::named("flowLabel", new QLabel);

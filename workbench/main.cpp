@@ -8,8 +8,11 @@
 #include "Workbench.h"
 #include "WorkbenchApplication.h"
 #include "WorkbenchOptions.h"
+#include "inspector/ConfigurationJson.h"
+#include "judgement/JudgementSql.h"
 
 #include <QIcon>
+#include <QJsonDocument>
 
 #include <algorithm>
 #include <cstdio>
@@ -43,6 +46,13 @@ int run(const WorkbenchOptions& options, Translations& translations, QString* er
     return WorkbenchApplication::exec();
 }
 
+QByteArray sqlOf(const ModuleConfiguration& configuration, const QString& table)
+{
+    const Judgement judgement(configuration, true);
+    return (JudgementSql::rows(judgement, table) + QLatin1Char('\n') + JudgementSql::totals(judgement, table))
+        .toUtf8();
+}
+
 ExitCode runHeadless(const WorkbenchOptions& options, QString* error)
 {
     using Task = WorkbenchOptions::Task;
@@ -71,27 +81,19 @@ ExitCode runHeadless(const WorkbenchOptions& options, QString* error)
     if (!configuration) {
         return Failed;
     }
-    switch (task) {
-    case Task::Show:
-    case Task::Import:
-        break;
-    case Task::Run: {
+    if (task == Task::Run) {
         const auto isOk =
             Headless::printRun(*configuration, options.runFiles(), options.asksForSummary(), error);
         return !isOk ? Failed : !*isOk && options.failsOnNotOk() ? SomeNotOk : Done;
     }
-    case Task::Dump:
-        return Headless::printConfiguration(*configuration, error) ? Done : Failed;
-    case Task::Sql:
-        return Headless::printSql(*configuration, options.tableName(), error) ? Done : Failed;
-    case Task::Export:
-        return (conditions == QLatin1String("-")
-                    ? Headless::print(ConditionsFile::textOf(*configuration), error)
-                    : ConditionsFile::write(conditions, *configuration, error))
-                   ? Done
-                   : Failed;
+    if (task == Task::Export && conditions != QLatin1String("-")) {
+        return ConditionsFile::write(conditions, *configuration, error) ? Done : Failed;
     }
-    return Done;
+    const QByteArray text = task == Task::Export ? ConditionsFile::textOf(*configuration)
+                            : task == Task::Dump
+                                ? QJsonDocument(ConfigurationJson::of(*configuration)).toJson()
+                                : sqlOf(*configuration, options.tableName());
+    return Headless::print(text, error) ? Done : Failed;
 }
 
 bool hasDisplay()

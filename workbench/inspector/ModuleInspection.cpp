@@ -73,19 +73,14 @@ QString differenceOf(const StoredCondition& stored, const ConditionRecord& shown
     return parts.join(QStringLiteral("; "));
 }
 
-QString sourceOf(const ModuleBinding* binding)
-{
-    return binding ? binding->source : QString();
-}
-
 // A bound as it is resolved, and the source of a subscribed one.
 QString boundText(const ModuleConfiguration& configuration, double bound, const QString& sourceKey,
                   const QString& key)
 {
     const QString text = Judgement::numberText(bound);
     return IfConfiguration::isSubscribed(configuration, sourceKey)
-               ? QStringLiteral("%1 (%2)").arg(text,
-                                               sourceOf(configuration.binding(SUBSCRIBE_TYPE_RUNPARAM, key)))
+               ? QStringLiteral("%1 (%2)").arg(
+                     text, IfConfiguration::sourceOf(configuration, SUBSCRIBE_TYPE_RUNPARAM, key))
                : text;
 }
 
@@ -119,7 +114,7 @@ ModuleInspection::Rows ModuleInspection::conditions(const ModuleConfiguration& c
     for (const Compared& each : all) {
         const QString& name = each.stored ? each.stored->name : each.shown->name;
         QStringList cells = {
-            name, sourceOf(configuration.binding(SUBSCRIBE_TYPE_IO, ConditionName::inputIo(name)))};
+            name, IfConfiguration::sourceOf(configuration, SUBSCRIBE_TYPE_IO, ConditionName::inputIo(name))};
         if (!each.stored) {
             const QString remark = tr("shown, but not stored");
             cells << QString() << Judgement::numberText(each.shown->minimum)

@@ -7,6 +7,7 @@
 #include "WorkbenchApplication.h"
 #include "condition/ConditionName.h"
 #include "inspector/ModuleInspection.h"
+#include "judgement/IfConfiguration.h"
 #include "judgement/ResultCsv.h"
 
 #include <QClipboard>
@@ -45,10 +46,9 @@ QStringList titlesOf(const QVector<Judgement::Condition>& conditions,
 {
     QStringList titles;
     for (const Judgement::Condition& condition : conditions) {
-        const ModuleBinding* const input =
-            configuration.binding(ZelCore::SUBSCRIBE_TYPE_IO, ConditionName::inputIo(condition.name));
         titles << QStringLiteral("%1  %2").arg(condition.name, condition.note).trimmed() + QLatin1Char('\n') +
-                      (input ? input->source : QString());
+                      IfConfiguration::sourceOf(configuration, ZelCore::SUBSCRIBE_TYPE_IO,
+                                                ConditionName::inputIo(condition.name));
     }
     return titles;
 }
