@@ -6,6 +6,7 @@
 #include "PanelTour.h"
 #include "QIfModuleMainView.h"
 #include "UndoHistory.h"
+#include "WorkbenchApplication.h"
 #include "WorkbenchSettings.h"
 #include "commands/CommandLogView.h"
 #include "inspector/InspectorView.h"
@@ -114,6 +115,7 @@ private slots:
     void colours();
     void faults();
     void drops();
+    void suffix();
 };
 
 // Of a stored list beside the conditions "int0" from 1 to 5.9 and "float0" from 0.5 to 2.25 in a panel.
@@ -394,6 +396,22 @@ void tst_inspection::drops()
     QCOMPARE(chosen.count(), 0);
     QVERIFY(drop({flow}));
     QCOMPARE(chosen.value(0), QVariantList{"/a/flow.JSON"});
+}
+
+// Else the dialog that opens such files would not list it.
+void tst_inspection::suffix()
+{
+    const QTemporaryDir folder;
+    for (const QString name : {"out", "out.csv", "out.txt"}) {
+        QTimer::singleShot(0, [&] {
+            QWidget* const dialog = QApplication::activeModalWidget();
+            dialog->findChild<QLineEdit*>("fileNameEdit")->setText(folder.filePath(name));
+            QTest::keyClick(dialog, Qt::Key_Return);
+        });
+        const QString chosen = WorkbenchApplication::fileToSave(nullptr, "Save", "results.csv",
+                                                                "Comma-separated values (*.csv)");
+        QCOMPARE(chosen, folder.filePath(name == "out" ? "out.csv" : name));
+    }
 }
 
 HOST_TEST_MAIN(tst_inspection)

@@ -304,8 +304,8 @@ void MainWindow::importConditions()
 
 void MainWindow::exportConditions()
 {
-    const QString file = QFileDialog::getSaveFileName(this, tr("Export conditions"),
-                                                      QStringLiteral("conditions.json"), conditionFiles());
+    const QString file = WorkbenchApplication::fileToSave(
+        this, tr("Export conditions"), QStringLiteral("conditions.json"), conditionFiles());
     QString error = m_module.error();
     if (!file.isEmpty() &&
         !(m_module.configuration() && ConditionsFile::write(file, *m_module.configuration(), &error))) {

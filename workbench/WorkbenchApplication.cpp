@@ -1,5 +1,6 @@
 #include "WorkbenchApplication.h"
 
+#include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QStyle>
@@ -50,6 +51,16 @@ QString WorkbenchApplication::refusal(const QString& file)
 {
     const QFileInfo info(file);
     return info.exists() && !info.isFile() ? tr("%1 is not a regular file.").arg(file) : QString();
+}
+
+QString WorkbenchApplication::fileToSave(QWidget* parent, const QString& title, const QString& name,
+                                         const QString& filter)
+{
+    QFileDialog dialog(parent, title, QString(), filter);
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(QFileInfo(name).suffix());
+    dialog.selectFile(name);
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 
 void WorkbenchApplication::tellError(const QString& text)

@@ -22,6 +22,11 @@ public:
     /// Why a window does not read a file that may keep it waiting, as a pipe does; empty for other files.
     static QString refusal(const QString& file);
 
+    /// Asks where to save; the suffix of the proposed name is added to a name without one. Empty when the
+    /// user cancels.
+    static QString fileToSave(QWidget* parent, const QString& title, const QString& name,
+                              const QString& filter);
+
     /// Tells why the program can't go on: in a box, or on standard error where nobody would see one.
     static void tellError(const QString& text);
 

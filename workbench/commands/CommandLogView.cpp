@@ -2,12 +2,11 @@
 
 #include "LanguageChange.h"
 #include "TabSeparated.h"
+#include "WorkbenchApplication.h"
 
 #include <QClipboard>
-#include <QFileDialog>
 #include <QGuiApplication>
 #include <QHBoxLayout>
-#include <QMessageBox>
 #include <QSaveFile>
 #include <QScrollBar>
 #include <QVBoxLayout>
@@ -122,7 +121,7 @@ void CommandLogView::copy()
 
 void CommandLogView::save()
 {
-    const QString name = QFileDialog::getSaveFileName(
+    const QString name = WorkbenchApplication::fileToSave(
         this, tr("Save commands"), QStringLiteral("commands.jsonl"), tr("JSON lines (*.jsonl)"));
     if (name.isEmpty()) {
         return;
@@ -133,8 +132,7 @@ void CommandLogView::save()
         isWritten = isWritten && file.write(m_model.jsonOf(row) + '\n') >= 0;
     }
     if (!isWritten || !file.commit()) {
-        QMessageBox::critical(this, QString(),
-                              tr("The file %1 can't be written: %2").arg(name, file.errorString()));
+        WorkbenchApplication::tellError(tr("The file %1 can't be written: %2").arg(name, file.errorString()));
     }
 }
 

@@ -411,7 +411,7 @@ void RunDock::setOutdated(bool isOutdated)
 
 void RunDock::exportResults()
 {
-    const QString name = QFileDialog::getSaveFileName(
+    const QString name = WorkbenchApplication::fileToSave(
         this, tr("Export results"), QStringLiteral("results.csv"), tr("Comma-separated values (*.csv)"));
     QString error;
     const auto run = name.isEmpty() ? nullptr : openRun(&error);
