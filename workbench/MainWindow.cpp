@@ -232,8 +232,7 @@ void MainWindow::retranslate()
     m_storeLabel->setToolTip(QFileInfo(m_session.storeFile()).absoluteFilePath());
     for (auto it = m_pageOf.cbegin(); it != m_pageOf.cend(); ++it) {
         for (auto* const model : it->widget->findChildren<InspectionTableModel*>()) {
-            model->setRows(ModuleInspection::outputColumns(),
-                           ModuleInspection::outputs(*m_session.flow().module(it.key())));
+            model->setTable(ModuleInspection::outputs(*m_session.flow().module(it.key())));
         }
     }
 }
@@ -397,7 +396,7 @@ MainWindow::Page MainWindow::createPage(const FlowModule& module)
     QString error;
     if (module.kind != Flow::ifKind()) {
         auto* const outputs = new InspectionTableModel(page.widget);
-        outputs->setRows(ModuleInspection::outputColumns(), ModuleInspection::outputs(module));
+        outputs->setTable(ModuleInspection::outputs(module));
         frameLayout->addWidget(InspectorView::createTable(*outputs, "outputTable"));
     } else if (!m_session.core().configuration(module.id, &error)) {
         auto* const text = new QLabel(error);

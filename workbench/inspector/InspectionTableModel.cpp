@@ -2,35 +2,31 @@
 
 #include <QColor>
 
-InspectionTableModel::InspectionTableModel(QObject* parent)
-    : QAbstractTableModel(parent)
-{}
-
-void InspectionTableModel::setRows(const QStringList& columns, const ModuleInspection::Rows& rows)
+void InspectionTableModel::setTable(const ModuleInspection::Table& table)
 {
-    if (columns.size() != m_columns.size() || rows.size() != m_rows.size()) {
+    const int rows = table.rows.size();
+    const int columns = table.columns.size();
+    if (rows != rowCount() || columns != columnCount()) {
         beginResetModel();
-        m_columns = columns;
-        m_rows = rows;
+        m_table = table;
         endResetModel();
         return;
     }
-    m_columns = columns;
-    m_rows = rows;
-    if (!rows.isEmpty()) {
-        emit dataChanged(index(0, 0), index(rows.size() - 1, columns.size() - 1));
+    m_table = table;
+    if (rows > 0) {
+        emit dataChanged(index(0, 0), index(rows - 1, columns - 1));
     }
-    emit headerDataChanged(Qt::Horizontal, 0, columns.size() - 1);
+    emit headerDataChanged(Qt::Horizontal, 0, columns - 1);
 }
 
 int InspectionTableModel::rowCount(const QModelIndex& parent) const
 {
-    return parent.isValid() ? 0 : m_rows.size();
+    return parent.isValid() ? 0 : m_table.rows.size();
 }
 
 int InspectionTableModel::columnCount(const QModelIndex& parent) const
 {
-    return parent.isValid() ? 0 : m_columns.size();
+    return parent.isValid() ? 0 : m_table.columns.size();
 }
 
 QVariant InspectionTableModel::data(const QModelIndex& index, int role) const
@@ -38,7 +34,7 @@ QVariant InspectionTableModel::data(const QModelIndex& index, int role) const
     if (!index.isValid()) {
         return {};
     }
-    const ModuleInspection::Row& row = m_rows[index.row()];
+    const ModuleInspection::Row& row = m_table.rows[index.row()];
     switch (role) {
     case Qt::DisplayRole:
         return row.cells.value(index.column());
@@ -56,6 +52,6 @@ QVariant InspectionTableModel::data(const QModelIndex& index, int role) const
 QVariant InspectionTableModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
     return orientation == Qt::Horizontal && role == Qt::DisplayRole
-               ? QVariant(m_columns.value(section))
+               ? QVariant(m_table.columns.value(section))
                : QAbstractTableModel::headerData(section, orientation, role);
 }

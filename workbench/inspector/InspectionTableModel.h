@@ -10,10 +10,10 @@ class InspectionTableModel : public QAbstractTableModel
     Q_OBJECT
 
 public:
-    explicit InspectionTableModel(QObject* parent = nullptr);
+    using QAbstractTableModel::QAbstractTableModel;
 
     /// Views keep their place when only the cells have changed.
-    void setRows(const QStringList& columns, const ModuleInspection::Rows& rows);
+    void setTable(const ModuleInspection::Table& table);
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
@@ -21,6 +21,5 @@ public:
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
 private:
-    QStringList m_columns;
-    ModuleInspection::Rows m_rows;
+    ModuleInspection::Table m_table;
 };

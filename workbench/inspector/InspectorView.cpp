@@ -81,11 +81,12 @@ void InspectorView::refresh()
         return;
     }
     const auto shown = m_module.shown();
-    m_conditions.setRows(ModuleInspection::conditionColumns(),
-                         ModuleInspection::conditions(*configuration, shown ? &*shown : nullptr, m_results));
-    m_ios.setRows(ModuleInspection::ioColumns(), ModuleInspection::ios(*configuration));
-    m_bindings.setRows(ModuleInspection::bindingColumns(), ModuleInspection::bindings(*configuration));
-    m_values.setRows(ModuleInspection::valueColumns(), ModuleInspection::values(*configuration));
+    m_conditions.setTable(
+        {ModuleInspection::conditionColumns(),
+         ModuleInspection::conditions(*configuration, shown ? &*shown : nullptr, m_results)});
+    m_ios.setTable(ModuleInspection::ios(*configuration));
+    m_bindings.setTable(ModuleInspection::bindings(*configuration));
+    m_values.setTable(ModuleInspection::values(*configuration));
     m_summary->setText(
         tr("Mode: %1. Stored list, bytes: %2")
             .arg(IfConfiguration::needsAll(*configuration) ? tr("all must be met") : tr("any suffices"),

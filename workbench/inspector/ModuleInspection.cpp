@@ -177,12 +177,7 @@ bool ModuleInspection::judgeAlike(const ModuleConfiguration& first, const Module
                       [&](const auto& a, const auto& b) { return partsOf(a) == partsOf(b); });
 }
 
-QStringList ModuleInspection::ioColumns()
-{
-    return {tr("Name"), tr("Class"), tr("Type"), tr("Flags")};
-}
-
-ModuleInspection::Rows ModuleInspection::ios(const ModuleConfiguration& configuration)
+ModuleInspection::Table ModuleInspection::ios(const ModuleConfiguration& configuration)
 {
     Rows rows;
     for (const ModuleIo& io : configuration.ios) {
@@ -195,15 +190,10 @@ ModuleInspection::Rows ModuleInspection::ios(const ModuleConfiguration& configur
         rows << Row{{io.name, io.ioClass == Input ? tr("input") : tr("output"), io.valueType,
                      flags.join(QStringLiteral(", "))}};
     }
-    return rows;
+    return {{tr("Name"), tr("Class"), tr("Type"), tr("Flags")}, rows};
 }
 
-QStringList ModuleInspection::bindingColumns()
-{
-    return {tr("Key"), tr("Kind"), tr("Source"), tr("Value"), tr("State")};
-}
-
-ModuleInspection::Rows ModuleInspection::bindings(const ModuleConfiguration& configuration)
+ModuleInspection::Table ModuleInspection::bindings(const ModuleConfiguration& configuration)
 {
     Rows rows;
     for (const ModuleBinding& binding : configuration.bindings) {
@@ -213,15 +203,10 @@ ModuleInspection::Rows ModuleInspection::bindings(const ModuleConfiguration& con
                      binding.missing.isEmpty() ? tr("bound") : binding.missing},
                     binding.missing};
     }
-    return rows;
+    return {{tr("Key"), tr("Kind"), tr("Source"), tr("Value"), tr("State")}, rows};
 }
 
-QStringList ModuleInspection::valueColumns()
-{
-    return {tr("Kind"), tr("Name"), tr("Value")};
-}
-
-ModuleInspection::Rows ModuleInspection::values(const ModuleConfiguration& configuration)
+ModuleInspection::Table ModuleInspection::values(const ModuleConfiguration& configuration)
 {
     Rows rows;
     const auto add = [&rows](const QString& kind, const QMap<QString, QByteArray>& values) {
@@ -231,15 +216,10 @@ ModuleInspection::Rows ModuleInspection::values(const ModuleConfiguration& confi
     };
     add(tr("run parameter"), configuration.runParameters);
     add(tr("UI data"), configuration.uiData);
-    return rows;
+    return {{tr("Kind"), tr("Name"), tr("Value")}, rows};
 }
 
-QStringList ModuleInspection::outputColumns()
-{
-    return {tr("Output"), tr("Type"), tr("Value"), tr("CSV column")};
-}
-
-ModuleInspection::Rows ModuleInspection::outputs(const FlowModule& module)
+ModuleInspection::Table ModuleInspection::outputs(const FlowModule& module)
 {
     Rows rows;
     const std::function<void(const QVector<FlowOutput>&)> add = [&](const QVector<FlowOutput>& outputs) {
@@ -252,5 +232,5 @@ ModuleInspection::Rows ModuleInspection::outputs(const FlowModule& module)
         }
     };
     add(module.outputs);
-    return rows;
+    return {{tr("Output"), tr("Type"), tr("Value"), tr("CSV column")}, rows};
 }

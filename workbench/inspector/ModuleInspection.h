@@ -27,6 +27,11 @@ public:
         QColor colour{};
     };
     using Rows = QVector<Row>;
+    struct Table
+    {
+        QStringList columns;
+        Rows rows;
+    };
 
     /// The place of "Result" among the columns of conditions.
     static constexpr int resultColumn = 5;
@@ -45,17 +50,10 @@ public:
     /// Whether two configurations of a module mean the same judgement.
     static bool judgeAlike(const ModuleConfiguration& first, const ModuleConfiguration& second);
 
-    static QStringList ioColumns();
-    static Rows ios(const ModuleConfiguration& configuration);
-
-    static QStringList bindingColumns();
-    static Rows bindings(const ModuleConfiguration& configuration);
-
-    static QStringList valueColumns();
+    static Table ios(const ModuleConfiguration& configuration);
+    static Table bindings(const ModuleConfiguration& configuration);
     /// Run parameters and UI data.
-    static Rows values(const ModuleConfiguration& configuration);
-
-    static QStringList outputColumns();
+    static Table values(const ModuleConfiguration& configuration);
     /// What a module publishes, groups left out.
-    static Rows outputs(const FlowModule& module);
+    static Table outputs(const FlowModule& module);
 };
