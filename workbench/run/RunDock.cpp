@@ -32,6 +32,7 @@ namespace {
 constexpr int chunkMilliseconds = 15;
 constexpr int showMilliseconds = 100;
 constexpr int progressSteps = 1000;
+constexpr int progressDelay = 300; // ms
 
 // The samples that come with a flow stand beside it and have its name.
 QString samplesOf(const QString& flowFile)
@@ -422,6 +423,7 @@ void RunDock::exportResults()
     QSaveFile file(name);
     QProgressDialog progress(tr("Exporting results…"), tr("Cancel"), 0, progressSteps, this);
     progress.setWindowModality(Qt::WindowModal);
+    progress.setMinimumDuration(progressDelay); // until then the window stands still
     const ResultCsv csv(*run);
     QByteArray rows;
     csv.appendHeader(&rows);
