@@ -156,7 +156,8 @@ void tst_end_to_end::conditionsAreStored()
     QString message;
     QTimer closeBox;
     closeBox.callOnTimeout([&message] {
-        if (QWidget* const box = QApplication::activeModalWidget()) {
+        QWidget* const box = QApplication::activeModalWidget();
+        if (box && box->isActiveWindow()) {
             message = box->property("text").toString();
             box->close();
         }
@@ -169,6 +170,7 @@ void tst_end_to_end::conditionsAreStored()
     QCOMPARE(textOf("m_ediNote", 1), "radius");
 
     // Another language, at once, for the workbench and the panel.
+    QVERIFY(QTest::qWaitForWindowActive(wait("MainWindow")));
     xdotool("key alt+l Return");
     QTRY_COMPARE(textOf("lab_help"), "条件符合，判断结果为OK");
     QTRY_VERIFY(!textOf("flowLabel").startsWith("Flow"));
