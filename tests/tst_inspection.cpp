@@ -6,7 +6,6 @@
 #include "PanelTour.h"
 #include "QIfModuleMainView.h"
 #include "UndoHistory.h"
-#include "WorkbenchApplication.h"
 #include "WorkbenchSettings.h"
 #include "commands/CommandLogView.h"
 #include "inspector/InspectorView.h"
@@ -14,7 +13,6 @@
 #include "inspector/StoredStatus.h"
 #include "run/RunDock.h"
 
-#include <QAbstractItemModelTester>
 #include <QAction>
 #include <QCheckBox>
 #include <QClipboard>
@@ -111,11 +109,9 @@ private slots:
     void run();
     void percentiles();
     void log();
-    void longestLog();
     void colours();
     void faults();
     void drops();
-    void suffix();
 };
 
 // Of a stored list beside the conditions "int0" from 1 to 5.9 and "float0" from 0.5 to 2.25 in a panel.
@@ -304,29 +300,13 @@ void tst_inspection::log()
              qPrintable(last));
 }
 
-void tst_inspection::longestLog()
-{
-    CommandLogModel model;
-    const QAbstractItemModelTester tester(&model);
-    int number = 0;
-    for (const int batch : {1, CommandLogModel::capacity - 1, 3, 2 * CommandLogModel::capacity}) {
-        QVector<CommandEntry> entries(batch);
-        entries.last().number = number += batch;
-        model.append(entries);
-        QCOMPARE(model.rowCount(), qMin(number, CommandLogModel::capacity));
-        QCOMPARE(model.index(model.rowCount() - 1, 0).data().toInt(), number);
-    }
-}
-
 // Only what is wrong has one.
 void tst_inspection::colours()
 {
     const std::tuple<const char*, CommandStatus, const char*, bool> cases[] = {
-        {"SetBinaryData", Success, "", false},
         {"SetBinaryData", Failed, "disk full", true},
         {"SetRunParam", NothingChanged, "", true},
         {"GetFilterSource", NothingChanged, "", false},
-        {"DeleteUIData", NothingChanged, "", false},
         {"QueryUIData", Failed, "no parameter @%int0%Start", false}, // never switched
         {"QueryUIData", Failed, "disk I/O error", true},
         {"QueryBinaryData", Failed, "no parameter @%int0%Start", true}};
@@ -396,22 +376,6 @@ void tst_inspection::drops()
     QCOMPARE(chosen.count(), 0);
     QVERIFY(drop({flow}));
     QCOMPARE(chosen.value(0), QVariantList{"/a/flow.JSON"});
-}
-
-// Else the dialog that opens such files would not list it.
-void tst_inspection::suffix()
-{
-    const QTemporaryDir folder;
-    for (const QString name : {"out", "out.csv", "out.txt"}) {
-        QTimer::singleShot(0, [&] {
-            QWidget* const dialog = QApplication::activeModalWidget();
-            dialog->findChild<QLineEdit*>("fileNameEdit")->setText(folder.filePath(name));
-            QTest::keyClick(dialog, Qt::Key_Return);
-        });
-        const QString chosen = WorkbenchApplication::fileToSave(nullptr, "Save", "results.csv",
-                                                                "Comma-separated values (*.csv)");
-        QCOMPARE(chosen, folder.filePath(name == "out" ? "out.csv" : name));
-    }
 }
 
 HOST_TEST_MAIN(tst_inspection)

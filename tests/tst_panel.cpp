@@ -51,10 +51,6 @@ struct OpenRegistry
 };
 template struct OpenRegistry<&QIfModuleMainView::m_mapIMHorControls>;
 
-// Compiles only if programs may take the address of these members.
-template <auto... Members>
-constexpr bool exist = sizeof...(Members) > 0;
-
 } // namespace
 
 class tst_panel : public QObject
@@ -82,6 +78,7 @@ private slots:
     void dropDowns();
     void resources();
     void missingSheets();
+    void nothingIsClipped();
 };
 
 void tst_panel::transcripts_data()
@@ -147,21 +144,10 @@ void tst_panel::transcripts()
 
 void tst_panel::interface()
 {
-    using Panel = QIfModuleMainView;
-    using Row = HorizontalControlIM;
-    using Parse = void(SUBSCRIBE_NODE__&, QJsonObject&, int);
-    static_assert(
-        exist<&Panel::InitUI, &Panel::InitConnect, &Panel::InitInstallFilter, &Panel::QueryIfModuleInfo,
-              &Row::InitParent, &Row::InitObjectName, &Row::InitUI, &Row::InitConnect,
-              &Row::QueryIfModuSubScribeInfo, &Strip::InitParent, &Strip::InitObjectName, &Strip::InitRange,
-              &Strip::InitUI, &Strip::InitConnect, &Strip::InstallEventFilter,
-              &Strip::QueryIfModuUIParamScribeInfo, static_cast<void (Row::*)(QString)>(&Row::DelIO),
-              static_cast<void (Row::*)(QString)>(&Row::SetLabNote),
-              static_cast<Parse Row::*>(&Row::ParseTreeNode),
-              static_cast<Parse Strip::*>(&Strip::ParseTreeNode)>);
+    const QMetaObject& meta = QIfModuleMainView::staticMetaObject;
     QString declared;
-    for (int i = Panel::staticMetaObject.methodOffset(); i < Panel::staticMetaObject.methodCount(); ++i) {
-        declared += Panel::staticMetaObject.method(i).methodSignature() + ' ';
+    for (int i = meta.methodOffset(); i < meta.methodCount(); ++i) {
+        declared += meta.method(i).methodSignature() + ' ';
     }
     QCOMPARE(declared, QString("on_btn_close_clicked() on_btn_add_clicked() on_btn_continueRun_clicked() "
                                "on_btn_onceRun_clicked() on_btn_OK_clicked() onBtnDeleteOpt(QString) "
@@ -512,6 +498,55 @@ void tst_panel::missingSheets()
                           line.arg("RangeSelectControlIM", "HorizontalControlIM"),
                           line.arg("HorizontalControlIM", "HorizontalControlIM")}));
     QCOMPARE(log.warnings().filter(QRegularExpression("^(?!QMetaObject::connectSlots)")), QStringList());
+}
+
+// Whatever the host's language, fonts and scale are; run once for each scale factor, which a process can't
+// change. The last test: the settings stay.
+void tst_panel::nothingIsClipped()
+{
+    const std::pair<const char*, const char*> hosts[] = {
+        {"de_DE", "DejaVu Sans"}, {"ar_EG", "DejaVu Sans"}, {"zh_CN", "WenQuanYi Micro Hei"}};
+    for (const auto& [locale, font] : hosts) {
+        QLocale::setDefault(QLocale(locale));
+        QApplication::setLayoutDirection(QLocale().textDirection());
+        QApplication::setFont(QFont(font));
+
+        // The longest names, and bounds of all lengths; what is longer than these is elided.
+        PanelTour tour;
+        QString list;
+        for (int digits = 1; digits < 8; ++digits) {
+            const QString number(digits, '8');
+            list += QString("%int%1%:-%2:%2:;").arg(22 + digits).arg(number);
+            list +=
+                digits < 6 ? QString("%float%1%:-%2.888:%2.888:;").arg(22 + digits).arg(number) : QString();
+        }
+        tour.show(list.toUtf8());
+        QCOMPARE(tour.shown(), list.toUtf8());
+
+        for (const auto* const label : tour.panel->findChildren<QLabel*>()) {
+            QVERIFY2(label->isHidden() || label->width() >= label->sizeHint().width(),
+                     qPrintable(label->text()));
+        }
+        for (const auto* const edit : tour.all<QLineEdit>("qt_spinbox_lineedit")) {
+            // What QLineEdit leaves for a text.
+            const int room =
+                edit->contentsRect().width() - edit->textMargins().left() - edit->textMargins().right() - 4;
+            QVERIFY2(edit->fontMetrics().horizontalAdvance(edit->text()) <= room, qPrintable(edit->text()));
+        }
+        for (const auto* const combo : tour.panel->findChildren<QComboBox*>()) {
+            const int width = combo->fontMetrics().horizontalAdvance(combo->currentText());
+            QVERIFY2(width <= combo->width() - 20, qPrintable(combo->currentText()));
+        }
+        QRegion covered;
+        for (const char* const name : {"m_labName", "m_ediNote", "m_spbMinPullBar", "m_btnMinSwitch",
+                                       "m_spbMaxPullBar", "m_btnMaxSwitch", "m_btnDelete"}) {
+            for (const QWidget* const widget : tour.all(name)) {
+                const QRect place(widget->mapTo(tour.find("widget_2"), QPoint()), widget->size());
+                QVERIFY2(tour.find("widget_2")->rect().contains(place) && !covered.intersects(place), name);
+                covered += place;
+            }
+        }
+    }
 }
 
 QTEST_MAIN(tst_panel)
