@@ -358,7 +358,7 @@ std::string wanted;
 std::string onlySide;
 bool allHold = true;
 
-/// Prints a figure beside its floor: what the same costs with nothing of the project in it. The bound is the
+/// Prints a figure and its floor: the same work done by plain Qt code. The bound is the
 /// highest ratio of the two, infinite where only the growth is of interest. The sides run in turn.
 void compare(const std::string& name, double bound, int rounds, const Side& floor, const Side& subject)
 {
@@ -416,7 +416,7 @@ int main(int argc, char** argv)
         };
         each("open a panel/", 1.6, 8, with(open<Bare>), with(open<Real>));
         each("show it again/", 1.6, 8, with(showAgain<Bare>), with(showAgain<Real>));
-        each("add a row beside/", 1.3, 8, with(add<Bare>), with(add<Real>));
+        each("add a row to/", 1.3, 8, with(add<Bare>), with(add<Real>));
         each("a finished edit/", 1.5, 400, with(buildText), with(finishEdit));
         each("a stored edit/", 2.5, 60, with(transaction), with(finishStoredEdit));
     }

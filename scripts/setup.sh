@@ -8,7 +8,7 @@ run='g++ cmake ninja-build qtbase5-dev qtdeclarative5-dev qttools5-dev qttools5-
 test="$run strace xvfb xauth xdotool openbox"
 bench="$run mawk python3"
 check="$run valgrind clang clang-format clang-tidy libclang-rt-14-dev shellcheck"
-# The board's libraries stand beside those of this machine; its compiler and tools run on this machine.
+# The board's libraries are installed in addition to those of this machine; its compiler and tools run on this machine.
 board='g++-aarch64-linux-gnu qemu-user-static debootstrap dpkg-dev file
        qtbase5-dev:arm64 qtdeclarative5-dev:arm64 qttools5-dev:arm64 libqt5sql5-sqlite:arm64
        qml-module-qtquick2:arm64'

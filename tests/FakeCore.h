@@ -12,7 +12,7 @@
 #include <optional>
 #include <utility>
 
-/// An ICommandService in memory that keeps what it is told, records every command as one readable
+/// An ICommandService in memory that keeps what is stored, records every command as one readable
 /// line, and fails where a test asks for it. Registered with the container while it lives.
 class FakeCore : public ZelCore::SynchronousService
 {

@@ -146,7 +146,7 @@ private:
     {
         return QSqlQuery(statement, QSqlDatabase::database()).lastError().text();
     }
-    // What a shell beside the store's folder, $0, prints.
+    // What a shell prints in the parent of the store's folder, $0.
     QString shell(const QString& commands)
     {
         QProcess process;
@@ -344,7 +344,7 @@ void tst_embedded_core::bindings()
     QCOMPARE(bind("%%", "9.Mean.Radius").Status, Success);
 }
 
-// A store that can't be used is told by name and left as it is.
+// A store that can't be used is reported by name and not changed.
 void tst_embedded_core::storeFaults()
 {
     const QString put = " | dd of=store.db conv=notrunc bs=";

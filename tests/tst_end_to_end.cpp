@@ -116,7 +116,7 @@ void tst_end_to_end::conditionsAreStored()
     xdotool("key Tab");
     QTRY_COMPARE(list(), "%int0%:1:1000:;%float0%:1.000:1000.000:radius;");
 
-    // The slider opens and the typing goes on, until a click beside closes it.
+    // The slider opens and the typing goes on, until a click outside closes it.
     clickOn("m_spbMinPullBar", 1);
     QCOMPARE(wait("QmlRangeSliderView")->size(), QSize(230, 25));
     xdotool("key ctrl+a");

@@ -95,7 +95,7 @@ struct Fixture
 
 } // namespace
 
-/// What the workbench shows of the store and of the commands beside a panel.
+/// What the workbench shows of the store and of the commands, in addition to a panel.
 class tst_inspection : public QObject
 {
     Q_OBJECT
@@ -114,7 +114,7 @@ private slots:
     void drops();
 };
 
-// Of a stored list beside the conditions "int0" from 1 to 5.9 and "float0" from 0.5 to 2.25 in a panel.
+// The states of stored lists while a panel shows "int0" from 1 to 5.9 and "float0" from 0.5 to 2.25.
 void tst_inspection::states()
 {
     const QList<ConditionRecord> shown = {{"int0", 1.0, 5.9, "a"}, {"float0", 0.5, 2.25, "b"}};

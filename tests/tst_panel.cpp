@@ -102,41 +102,41 @@ void tst_panel::transcripts()
     const auto reset = qScopeGuard([] { QLocale::setDefault(QLocale::c()); });
     const QStringList lines = PanelTour::linesOf(file);
     PanelTour tour;
-    QStringList told;
+    QStringList happened;
     LogCapture log;
     char* printed = nullptr;
     std::size_t size = 0;
     std::FILE* const standardOutput = std::exchange(stdout, open_memstream(&printed, &size));
-    const auto tell = [&] {
+    const auto take = [&] {
         // The place of the slider is the window system's.
         static const QRegularExpression place("^(\\d+ ?){4}$");
-        QStringList happened;
+        QStringList logged;
         for (QString& line : log.takeLines()) {
-            happened << "| " + line.replace(place, "(x y width height)");
+            logged << "| " + line.replace(place, "(x y width height)");
         }
         std::fflush(stdout);
         if (size != 0) {
-            happened << "* " + QString::fromUtf8(printed, static_cast<int>(size));
+            logged << "* " + QString::fromUtf8(printed, static_cast<int>(size));
             std::rewind(stdout);
         }
-        told << (file == "tour.txt" ? happened.replaceInStrings("\n", "\\n") : QStringList())
-             << std::exchange(tour.reports, {});
+        happened << (file == "tour.txt" ? logged.replaceInStrings("\n", "\\n") : QStringList())
+                 << std::exchange(tour.reports, {});
     };
     tour.answer = [&](const QString& command) {
-        tell();
-        told << command;
+        take();
+        happened << command;
         return std::nullopt;
     };
     for (const QString& step : lines.filter(QRegularExpression("^> "))) {
-        told << step;
+        happened << step;
         tour.perform(step.mid(2));
-        tell();
+        take();
     }
     std::fclose(std::exchange(stdout, standardOutput));
     std::free(printed);
-    for (int i = 0; i < qMax(told.size(), lines.size()); ++i) {
-        QVERIFY2(told.value(i) == lines.value(i),
-                 qPrintable(told.value(i) + "\ninstead of\n" + lines.value(i) + "\nafter\n" +
+    for (int i = 0; i < qMax(happened.size(), lines.size()); ++i) {
+        QVERIFY2(happened.value(i) == lines.value(i),
+                 qPrintable(happened.value(i) + "\ninstead of\n" + lines.value(i) + "\nafter\n" +
                             QStringList(lines.mid(0, i)).join('\n').right(200)));
     }
     QCOMPARE(log.warnings(), QStringList());
@@ -407,7 +407,7 @@ void tst_panel::sliderCloses()
         {"focus in the other field", [](Fixture& f) { f.upper()->setFocus(); }, false, true},
         {"Escape", [](Fixture& f) { QTest::keyClick(f.lower(), Qt::Key_Escape); }, true, false},
         {"another key", [](Fixture& f) { QTest::keyClick(f.lower(), Qt::Key_1); }, false, false},
-        {"wheel beside", [](Fixture& f) { turnWheelOver(f.find("widget_2")); }, true, false},
+        {"wheel over the list", [](Fixture& f) { turnWheelOver(f.find("widget_2")); }, true, false},
         {"wheel in the slider", [](Fixture& f) { turnWheelOver(f.find("slider")); }, false, false},
         {"the list moves", [](Fixture& f) { f.find("widget_2")->move(0, -30); }, true, false},
         {"the window moves", [](Fixture& f) { f.host.move(50, 50); }, false, false}};

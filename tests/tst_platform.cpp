@@ -29,12 +29,12 @@ struct Slider
             moved = {first, second};
         });
         view.SetRange(min, max);
-        tell(lower, upper);
+        set(lower, upper);
         view.setGeometry(100, 100, 230, 25);
         view.show();
     }
 
-    void tell(double lower, double upper)
+    void set(double lower, double upper)
     {
         view.SetCurrentMinD(lower);
         view.SetCurrentMaxD(upper);
@@ -53,7 +53,7 @@ struct Slider
     }
 
     QmlRangeSliderView view;
-    // The bounds that were told last.
+    // The bounds that were reported last.
     Bounds moved = none;
 };
 
@@ -65,7 +65,7 @@ const char* const menuText = R"([
         {"label": "Mean", "isTitle": true, "level": 2, "subnodes": [
             {"label": "Radius", "isTitle": false, "level": 3, "subscribeName": "5.Mean.Radius"}]}]}])";
 
-// A selector in a host's window beside a push button; asked for a menu it answers with the one above.
+// A selector in a host's window with a push button; asked for a menu it answers with the one above.
 struct Selecter
 {
     Selecter()
@@ -128,7 +128,7 @@ private slots:
     void sliderWithoutItsScene();
     void scale();
     void handles();
-    void pressWhileBoundsAreTold();
+    void pressWhileBoundsAreSet();
     void wheel();
     void keysChoose();
     void clicksChoose();
@@ -311,7 +311,7 @@ void tst_platform::scale()
         }
         QCOMPARE(Bounds(scale.valueAt(-1.0), scale.valueAt(2.0)), Bounds(low, high));
     }
-    // Where nothing was told.
+    // Before any bound is set.
     RangeSliderState state;
     for (const auto& [max, lower, upper] : {std::tuple(500000, 1, 1000), {100, 1, 100}, {0, 0, 0}}) {
         state.setRange(-10, max);
@@ -327,20 +327,20 @@ void tst_platform::scale()
 
 void tst_platform::handles()
 {
-    // The bounds told, where they are pressed and dragged to, steps after that, and the new bounds.
+    // The bounds set, where they are pressed and dragged to, steps after that, and the new bounds.
     const std::tuple<const char*, double, double, double, double, int, Bounds> cases[] = {
         {"a handle keeps its distance to the finger", 20, 80, 0.81, 0.71, 0, {20, 70}},
         {"lower stops at upper", 20, 80, 0.2, 0.9, 0, {80, 80}},
         {"upper stops at lower", 20, 80, 0.8, 0.1, 0, {20, 20}},
-        {"told beyond the ends", -50, 80, 0.8, 0.7, 0, {0, 70}},
-        {"beside the handles the nearer one comes", 20, 80, 0.05, 0.05, 0, {5, 80}},
+        {"set beyond the ends", -50, 80, 0.8, 0.7, 0, {0, 70}},
+        {"away from the handles the nearer one comes", 20, 80, 0.05, 0.05, 0, {5, 80}},
         {"the middle moves both and stops at the end", 20, 80, 0.5, 1.0, 0, {40, 100}},
         {"one place, to the left", 50, 50, 0.5, 0.4, -5, {35, 50}},
         {"one place, to the right", 50, 50, 0.5, 0.6, 0, {50, 60}},
-        {"beside one place", 50, 50, 0.1, 0.1, 0, {10, 50}},
+        {"away from one place", 50, 50, 0.1, 0.1, 0, {10, 50}},
         {"not a number is ignored", std::nan(""), 80, 0.8, 0.7, 0, {1, 70}},
         {"fractions are rounded", 20.4, 80.6, 0.204, 0.304, 0, {30, 81}},
-        {"told in the wrong order", 80, 20, 0.2, 0.1, 0, {10, 80}},
+        {"set in the wrong order", 80, 20, 0.2, 0.1, 0, {10, 80}},
         {"a step of upper, from a fraction", 0, 80.25, 0.8025, 0.8025, 1, {0, 81}},
         {"steps of lower", 20, 80, 0.2, 0.2, -10, {10, 80}},
         {"steps of both", 20, 80, 0.5, 0.5, 30, {40, 100}},
@@ -361,17 +361,17 @@ void tst_platform::handles()
     }
 }
 
-// A press activates the slider's window; the field that loses the focus by that tells other bounds.
-void tst_platform::pressWhileBoundsAreTold()
+// A press activates the slider's window; the field that loses the focus by that sets other bounds.
+void tst_platform::pressWhileBoundsAreSet()
 {
-    for (const bool isToldFirst : {true, false}) {
+    for (const bool isSetFirst : {true, false}) {
         Slider s(0, 100, 10, 20);
-        if (isToldFirst) {
+        if (isSetFirst) {
             QApplication::setActiveWindow(&s.view);
-            s.tell(18, 90);
+            s.set(18, 90);
         }
         QTest::mousePress(&s.view, Qt::LeftButton, {}, s.at(0.2));
-        s.tell(18, 90);
+        s.set(18, 90);
         s.move(s.at(0.2) + QPoint(2, 0));
         QVERIFY2(s.moved == none, "a trembling finger moved a bound");
         s.move(s.at(0.4));
@@ -380,7 +380,7 @@ void tst_platform::pressWhileBoundsAreTold()
         // Not so where the slider was active before and the pointer is over the new handles.
         QApplication::setActiveWindow(nullptr);
         QApplication::setActiveWindow(&s.view);
-        s.tell(60, 90);
+        s.set(60, 90);
         s.move(s.at(0.6), Qt::NoButton);
         QCOMPARE(s.moved, Bounds(18, 40));
         QTest::mousePress(&s.view, Qt::LeftButton, {}, s.at(0.6));
@@ -403,7 +403,7 @@ void tst_platform::wheel()
     s.wheel(0.0, -120, Qt::ShiftModifier);
     QCOMPARE(s.moved, Bounds(-9, 1001));
     // Opened again it shows -30 to 20.
-    s.tell(-10, 5.0);
+    s.set(-10, 5.0);
     s.view.hide();
     s.view.show();
     QTest::mouseClick(&s.view, Qt::LeftButton, {}, s.at(0.88));
@@ -456,7 +456,7 @@ void tst_platform::clicksChoose()
     QVERIFY(!s.isOpen());
     QTRY_COMPARE(s.chosen.value(0), QVariantList({"1.Width"}));
 
-    // A click beside closes the menu and arrives; one on the field must not open it again.
+    // A click outside closes the menu and is delivered; one on the field must not open it again.
     for (const QWidget* const widget : std::initializer_list<QWidget*>{s.neighbour, s.view}) {
         s.open();
         QTest::mouseClick(s.window.windowHandle(), Qt::LeftButton, {}, widget->geometry().center());

@@ -185,7 +185,7 @@ void tst_workbench::importAndExport()
     QCOMPARE(module["ios"].toArray().size(), 8);
     QCOMPARE(module["ios"][0]["flags"]["can_subscribe"], QJsonValue(false));
 
-    // An import replaces all that was there, or what is wrong is told and nothing changes.
+    // An import replaces all that was there, or what is wrong is reported and nothing changes.
     fileOf("import.json",
            conditionsText("all", R"({"name": "int3", "input": "1.count", "minimum": 1, "maximum": 2})"));
     QCOMPARE(run(own + "--import import.json"), 0);

@@ -20,7 +20,7 @@ class QDockWidget;
 class QMenu;
 class WorkbenchSettings;
 
-/// The window of the workbench: the flow's modules on the left, the chosen one's panel beside them.
+/// The window of the workbench: the flow's modules on the left, the panel of the chosen one on the right.
 class MainWindow : public QMainWindow
 {
     Q_OBJECT
@@ -31,7 +31,7 @@ public:
 
     /// The flow must have the module.
     void showModule(unsigned int moduleId);
-    /// Marks the language in the menu and tells the panels of it; the texts follow the application's.
+    /// Marks the language in the menu and reports it to the panels; the texts follow the application's.
     void setLanguage(const QString& code);
     /// Keeps place, size and docks for the next start.
     void remember();

@@ -26,7 +26,7 @@ public:
     /// others. Needs an application object.
     Translations();
 
-    /// Widgets learn of it by LanguageChange; panels have to be told.
+    /// Widgets receive LanguageChange; for panels, PanelPlugin::retranslate() has to be called.
     void setLanguage(const QString& code);
     QString language() const { return m_language; }
 

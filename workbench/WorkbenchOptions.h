@@ -10,7 +10,7 @@
 
 #include <optional>
 
-/// The command line of the workbench. Paths that are not given are found beside the program: plug-in and
+/// The command line of the workbench. Paths that are not given are found relative to the program: plug-in and
 /// sample flow in ../lib and ../share of its folder.
 class WorkbenchOptions
 {

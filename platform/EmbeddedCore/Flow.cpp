@@ -131,7 +131,7 @@ QVector<FlowOutput> outputsOf(const Node& node, const QString& path, int level =
         FlowOutput output;
         output.name = item.name();
         if (output.name.contains('.') || names.contains(output.name)) {
-            item.member("name").expect(Flow::tr("a name without \".\" that no output beside it has"));
+            item.member("name").expect(Flow::tr("a name without \".\" that no output of the group has"));
         }
         names << output.name;
         const QString outputPath = path + '.' + output.name;

@@ -35,7 +35,7 @@ struct CommandText
     /// The name of the parameter or IO. Before the key of a binding stands what it feeds: "0/" for a run
     /// parameter, "1/" for an IO.
     QString parameter;
-    /// What the command carries beside; empty for most queries.
+    /// What the command carries in addition; empty for most queries.
     QString content;
     /// The content is the parameter's new value.
     bool isValue = false;

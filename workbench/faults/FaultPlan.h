@@ -16,7 +16,7 @@ struct Fault
     QString kind;
     /// The command's parameter; empty for any.
     QString parameter;
-    /// The how manieth of these commands, from 1; 0 for every one.
+    /// The number of the command among these, from 1; 0 for every one.
     int number = 1;
     Answer answer = Answer::Failed;
     /// What the answer or the exception says.

@@ -404,7 +404,7 @@
         <translation>最多 %1 层输出</translation>
     </message>
     <message>
-        <source>a name without &quot;.&quot; that no output beside it has</source>
+        <source>a name without &quot;.&quot; that no output of the group has</source>
         <translation>不含“.”且同级中唯一的名称</translation>
     </message>
     <message>

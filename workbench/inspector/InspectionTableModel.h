@@ -4,7 +4,7 @@
 
 #include <QAbstractTableModel>
 
-/// Rows of an inspection; one with a remark is coloured and tells it in its tool tip.
+/// Rows of an inspection; one with a remark is coloured and has it as its tool tip.
 class InspectionTableModel : public QAbstractTableModel
 {
     Q_OBJECT

@@ -8,7 +8,7 @@
 #include <QPlainTextEdit>
 #include <QTabWidget>
 
-/// Shows what the store holds for a module, beside what its panel shows; read anew after every command.
+/// Shows what the store holds for a module, and what its panel shows; read anew after every command.
 class InspectorView : public QTabWidget
 {
     Q_OBJECT

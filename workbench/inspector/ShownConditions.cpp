@@ -9,7 +9,7 @@
 QList<ConditionRecord> ShownConditions::read(const QWidget& panel)
 {
     // Children come in the order of the rows; every row has a name and a note, and bounds when its name
-    // tells a type.
+    // contains a type word.
     const auto names = panel.findChildren<QLabel*>(QStringLiteral("m_labName"));
     const auto notes = panel.findChildren<QLineEdit*>(QStringLiteral("m_ediNote"));
     const auto minima = panel.findChildren<QDoubleSpinBox*>(QStringLiteral("m_spbMinPullBar"));

@@ -34,7 +34,7 @@ constexpr int showMilliseconds = 100;
 constexpr int progressSteps = 1000;
 constexpr int progressDelay = 300; // ms
 
-// The samples that come with a flow stand beside it and have its name.
+// The samples that come with a flow are in its folder and have its name.
 QString samplesOf(const QString& flowFile)
 {
     const QFileInfo flow(flowFile);

@@ -37,7 +37,7 @@ signals:
     void resultsChosen(const QVector<Judgement::Result>& results);
 
 private:
-    /// What is shown of a condition beside its totals.
+    /// What is shown of a condition in addition to its totals.
     struct ConditionValues
     {
         ValueSample values;
