@@ -17,8 +17,7 @@ WorkbenchOptions::WorkbenchOptions()
         {QStringLiteral("flow"), tr("Inspection flow to open, a JSON file."), tr("file")},
         {QStringLiteral("store"),
          tr("Store of the modules' parameters; the window and --import make it when it is missing. By "
-            "default a "
-            "file for each flow file in %1.")
+            "default a file for each flow file in %1.")
              .arg(storeFolder()),
          tr("file")},
         {QStringLiteral("module"), tr("Module to show first, or to work on without a display."), tr("id")},

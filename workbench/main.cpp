@@ -164,7 +164,7 @@ int main(int argc, char** argv)
     QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/if-workbench/icons/if-workbench-128.png")));
     QString error;
     const int exitCode = run(*options, translations, &error);
-    if (exitCode != EXIT_SUCCESS) {
+    if (!error.isEmpty()) {
         WorkbenchApplication::tellError(error);
     }
     return exitCode;
