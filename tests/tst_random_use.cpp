@@ -100,18 +100,17 @@ private:
 
     bool areSourcesShown() const
     {
-        bool areShown = isModeStored();
-        int row = 0;
-        for (const auto* const name : all<QLabel>("m_labName")) {
-            const QString key = "@%" + name->text() + '%';
+        const auto names = all<QLabel>("m_labName");
+        for (int row = 0; row < names.size(); ++row) {
             for (const auto& [end, spinBox] :
                  {std::pair("Start", "m_spbMinPullBar"), {"End", "m_spbMaxPullBar"}}) {
-                areShown =
-                    areShown && all(spinBox)[row]->isHidden() == core.uiData[key + end].startsWith("True");
+                const QByteArray source = core.uiData["@%" + names[row]->text() + '%' + end];
+                if (all(spinBox)[row]->isHidden() != source.startsWith("True")) {
+                    return false;
+                }
             }
-            ++row;
         }
-        return areShown;
+        return isModeStored();
     }
 
     QStringList storedRows() const
