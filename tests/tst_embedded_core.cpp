@@ -556,7 +556,8 @@ void tst_embedded_core::synced()
     }
 }
 
-int main(int argc, char** argv)
+// An exception ends the program.
+int main(int argc, char** argv) // NOLINT(bugprone-exception-escape)
 {
     const QCoreApplication application(argc, argv);
     if (argc == 4 && qstrcmp(argv[1], "edit") == 0) {
