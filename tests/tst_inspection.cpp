@@ -105,6 +105,7 @@ private slots:
     void liveRow();
     void whatAPanelShows();
     void refusedSaves();
+    void unfinishedEdit();
     void undo();
     void run();
     void percentiles();
@@ -186,6 +187,16 @@ void tst_inspection::refusedSaves()
         f.press(further);
         QVERIFY2(f.text().startsWith("All is stored"), qPrintable(fault + f.text()));
     }
+}
+
+// Before it is finished, too.
+void tst_inspection::unfinishedEdit()
+{
+    Fixture f;
+    f.press("btn_add");
+    QVERIFY(f.text().startsWith("All is stored"));
+    QTest::keyClicks(f.panel->findChild<QLineEdit*>("m_ediNote"), "a");
+    QTRY_COMPARE(f.status->text(), R"(int0 is not stored: stored note is "", shown "a")");
 }
 
 // Conditions, bindings and bound sources are as before the change, and shown again.

@@ -3,6 +3,12 @@
 #include "CoreSession.h"
 #include "inspector/ShownConditions.h"
 
+#include <utility>
+
+namespace {
+constexpr int watchMilliseconds = 250;
+} // namespace
+
 CurrentModule::CurrentModule(CoreSession& session, QObject* parent)
     : QObject(parent)
     , m_session(session)
@@ -11,6 +17,15 @@ CurrentModule::CurrentModule(CoreSession& session, QObject* parent)
     m_refresh.setInterval(0);
     connect(&m_refresh, &QTimer::timeout, this, &CurrentModule::refresh);
     connect(&session.tap(), &CommandTap::executed, this, [this] { m_refresh.start(); });
+    // Edits that are not finished cause no command.
+    m_watch.callOnTimeout([this] {
+        const auto conditions = shown();
+        const QString text = conditions ? ConditionRecord::toText(*conditions) : QString();
+        if (std::exchange(m_shown, text) != text) {
+            emit changed();
+        }
+    });
+    m_watch.start(watchMilliseconds);
 }
 
 void CurrentModule::set(unsigned int id, QWidget* panel)

@@ -36,7 +36,7 @@ public:
     std::optional<QList<ConditionRecord>> shown() const;
 
 signals:
-    /// Another module, or once after the commands of an action.
+    /// Another module; once after the commands of an action; and while an edit is not finished.
     void changed();
 
 private:
@@ -46,4 +46,6 @@ private:
     std::optional<ModuleConfiguration> m_configuration;
     QString m_error;
     QTimer m_refresh;
+    QTimer m_watch;
+    QString m_shown;
 };
