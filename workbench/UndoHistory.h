@@ -4,8 +4,8 @@
 
 #include <QHash>
 
-/// What was stored for the modules before each change of this session, and the way back. A panel that is
-/// visible meanwhile does not notice.
+/// What was stored for the modules before each change since the flow was opened, and the way back. A panel
+/// that is visible meanwhile does not notice.
 class UndoHistory : public QObject
 {
     Q_OBJECT
