@@ -107,7 +107,8 @@ Judgement::Judgement(const ModuleConfiguration& configuration, bool hasTable)
         m_numbers.push_back(operand.constant);
         m_hasNumber.push_back(operand.problem.isEmpty() ? 1 : 0);
     }
-    m_outcomes.resize(static_cast<std::size_t>(m_conditions.size()), Outcome::NoValue);
+    m_isIn.resize(static_cast<std::size_t>(m_conditions.size()));
+    m_hasValues.resize(m_isIn.size());
 }
 
 void Judgement::setTable(CsvReader* table)
@@ -130,15 +131,16 @@ bool Judgement::judge()
     std::size_t met = 0;
     const double* numbers = m_numbers.data();
     const char* hasNumber = m_hasNumber.data();
-    for (Outcome& outcome : m_outcomes) {
+    for (std::size_t i = 0; i < m_isIn.size(); ++i) {
         const bool isIn = numbers[Minimum] <= numbers[Value] && numbers[Value] <= numbers[Maximum];
         const bool hasAll = hasNumber[Value] & hasNumber[Minimum] & hasNumber[Maximum];
-        outcome = !hasAll ? Outcome::NoValue : isIn ? Outcome::In : Outcome::Out;
+        m_isIn[i] = isIn;
+        m_hasValues[i] = hasAll;
         met += isIn ? 1 : 0;
         numbers += OperandCount;
         hasNumber += OperandCount;
     }
-    return m_needsAll ? met == m_outcomes.size() : met > 0;
+    return m_needsAll ? met == m_isIn.size() : met > 0;
 }
 
 Judgement::Result Judgement::result(int condition) const

@@ -75,7 +75,11 @@ public:
     bool judge();
 
     /// Of what was judged last.
-    Outcome outcome(int condition) const { return m_outcomes[static_cast<std::size_t>(condition)]; }
+    Outcome outcome(int condition) const
+    {
+        const auto i = static_cast<std::size_t>(condition);
+        return m_isIn[i] ? Outcome::In : m_hasValues[i] ? Outcome::Out : Outcome::NoValue;
+    }
     double number(int condition, OperandKind kind) const { return m_numbers[indexOf(condition, kind)]; }
     /// The table must still be at the row that was judged.
     Result result(int condition) const;
@@ -107,5 +111,7 @@ private:
     std::vector<char> m_hasNumber;
     /// The operands that come from columns.
     std::vector<Source> m_sources;
-    std::vector<Outcome> m_outcomes;
+    /// The outcomes, a bit for each condition.
+    std::vector<bool> m_isIn;
+    std::vector<bool> m_hasValues;
 };
