@@ -67,20 +67,16 @@ function(qif_set_test_environment test)
     set_tests_properties(${test} PROPERTIES ENVIRONMENT "${environment}" TIMEOUT 300)
 endfunction()
 
-# qif_add_test(<name> [LIBRARIES <targets>...] [XVFB] [PROCESSES]): a QtTest program from <name>.cpp, run by
-# ctest without a display, or with XVFB on a virtual X server of its own. PROCESSES: it starts programs of the
-# tree, which an emulator does not support.
+# qif_add_test(<name> [LIBRARIES <targets>...] [PROCESSES]): a QtTest program from <name>.cpp, run by ctest
+# without a display. PROCESSES: it starts programs of the tree, which an emulator does not support.
 function(qif_add_test name)
-    cmake_parse_arguments(arg "XVFB;PROCESSES" "" "LIBRARIES" ${ARGN})
+    cmake_parse_arguments(arg "PROCESSES" "" "LIBRARIES" ${ARGN})
     qif_add_executable(${name} ${name}.cpp)
     target_link_libraries(${name} PRIVATE Qt5::Test ${arg_LIBRARIES})
     if(CMAKE_CROSSCOMPILING AND arg_PROCESSES)
         set(message "skipped under the emulator, which can't start processes")
         add_test(NAME ${name} COMMAND ${CMAKE_COMMAND} -E echo ${message})
         set_tests_properties(${name} PROPERTIES SKIP_REGULAR_EXPRESSION ${message})
-    elseif(arg_XVFB)
-        add_test(NAME ${name} COMMAND xvfb-run -a -s "-screen 0 1280x1024x24" $<TARGET_FILE:${name}>)
-        qif_set_test_environment(${name} XVFB)
     else()
         add_test(NAME ${name} COMMAND ${name})
         qif_set_test_environment(${name})

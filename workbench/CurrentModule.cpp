@@ -19,9 +19,7 @@ CurrentModule::CurrentModule(CoreSession& session, QObject* parent)
     connect(&session.tap(), &CommandTap::executed, this, [this] { m_refresh.start(); });
     // Edits that are not finished cause no command.
     m_watch.callOnTimeout([this] {
-        const auto conditions = shown();
-        const QString text = conditions ? ConditionRecord::toText(*conditions) : QString();
-        if (std::exchange(m_shown, text) != text) {
+        if (rememberShown()) {
             emit changed();
         }
     });
@@ -40,7 +38,15 @@ void CurrentModule::refresh()
     m_refresh.stop();
     m_error.clear();
     m_configuration = m_session.core().configuration(m_id, &m_error);
+    rememberShown();
     emit changed();
+}
+
+bool CurrentModule::rememberShown()
+{
+    const auto conditions = shown();
+    const QString text = conditions ? ConditionRecord::toText(*conditions) : QString();
+    return std::exchange(m_shown, text) != text;
 }
 
 std::optional<QList<ConditionRecord>> CurrentModule::shown() const

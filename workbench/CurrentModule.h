@@ -40,6 +40,9 @@ signals:
     void changed();
 
 private:
+    /// Whether the panel shows other conditions than when this was last called.
+    bool rememberShown();
+
     CoreSession& m_session;
     unsigned int m_id = 0;
     QPointer<QWidget> m_panel;
@@ -47,5 +50,6 @@ private:
     QString m_error;
     QTimer m_refresh;
     QTimer m_watch;
+    /// As a list's text.
     QString m_shown;
 };

@@ -5,6 +5,7 @@
 
 namespace Widgets {
 
+/// The widget, once it has the object name.
 template <typename Widget>
 Widget* named(const char* name, Widget* widget)
 {
