@@ -128,11 +128,11 @@ void tst_inspection::states()
         {"%int0%:1:5:;%float0%:0.500:2.250:b;", {"stored note is \"\", shown \"a\"", "stored"}},
         {"%float0%:0.500:2.250:b;%int1%:1:2:;", {"stored", "stored, but not shown", missing}},
         {"%int0%:1:5:a;%float0%:0.500:2.250:", {"stored", "cut by the length rule"}}};
-    const int column = ModuleInspection::conditionColumns().indexOf("State");
     for (const auto& [stored, expected] : rows) {
         QStringList states;
-        for (const auto& row : ModuleInspection::conditions(storing(stored), &shown)) {
-            states << row.cells.at(column);
+        const auto table = ModuleInspection::conditions(storing(stored), &shown);
+        for (const auto& row : table.rows) {
+            states << row.cells.at(table.columns.indexOf("State"));
             QCOMPARE(row.remark, states.last() == "stored" ? QString() : states.last());
         }
         QCOMPARE(states, expected);
@@ -150,7 +150,7 @@ void tst_inspection::liveRow()
                               {{7, SUBSCRIBE_TYPE_IO, "%int0%"}, "5.Count", 7, {}, {}},
                               {{7, SUBSCRIBE_TYPE_RUNPARAM, "%int0%End"}, "5.Limit", 8, {}, {}}};
     configuration.uiData["@%int0%End"] = QByteArray("True", 5);
-    const auto rows = ModuleInspection::conditions(configuration, nullptr);
+    const auto rows = ModuleInspection::conditions(configuration, nullptr).rows;
     QCOMPARE(rows[0].cells, QStringList({"float0", "5.Radius", "2.5", "1", "2", "out", "stored", "a"}));
     QCOMPARE(rows[1].cells, QStringList({"int0", "5.Count", "7", "1", "8 (5.Limit)", "in", "stored", ""}));
     QCOMPARE(rows[2].cells, QStringList({"int1", "", "", "1", "5", "not bound", "stored", ""}));

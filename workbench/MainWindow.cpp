@@ -9,25 +9,21 @@
 #include "WorkbenchSettings.h"
 #include "commands/CommandLogView.h"
 #include "faults/FaultsView.h"
+#include "inspector/InspectionTable.h"
 #include "inspector/InspectorView.h"
 #include "inspector/StoredStatus.h"
 #include "run/RunDock.h"
 
 #include <QActionGroup>
 #include <QApplication>
-#include <QDockWidget>
 #include <QDragEnterEvent>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QKeyEvent>
 #include <QLineEdit>
-#include <QMenu>
-#include <QMenuBar>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QScreen>
-#include <QSplitter>
-#include <QStatusBar>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -64,67 +60,60 @@ MainWindow::MainWindow(CoreSession& session, const PanelPlugin& plugin, Workbenc
     , m_module(session)
     , m_history(m_module)
 {
-    setAcceptDrops(true);
-    createMenus();
-
-    setTranslated(m_moduleList, "accessibleName", QT_TR_NOOP("modules of the flow"));
+    m_ui.setupUi(this);
+    m_ui.splitter->setSizes({230, 870});
+    m_ui.centreLayout->addWidget(new StoredStatus(m_module));
     for (const FlowModule& module : session.flow().modules()) {
-        m_moduleList->addItem(
+        m_ui.moduleList->addItem(
             QStringLiteral("%1  %2\n%3").arg(QString::number(module.id), module.name, module.kind));
     }
-    m_moduleList->setSpacing(3);
-    connect(m_moduleList, &QListWidget::currentRowChanged, this, &MainWindow::showModuleAt);
-
-    auto* const splitter = new QSplitter;
-    splitter->addWidget(m_moduleList);
-    auto* const centre = new QWidget;
-    auto* const centreLayout = new QVBoxLayout(centre);
-    centreLayout->setContentsMargins({});
-    centreLayout->addWidget(m_pages, 1);
-    centreLayout->addWidget(new StoredStatus(m_module));
-    splitter->addWidget(centre);
-    splitter->setStretchFactor(1, 1);
-    splitter->setSizes({230, 870});
-    splitter->setChildrenCollapsible(false);
-    setCentralWidget(splitter);
+    connect(m_ui.moduleList, &QListWidget::currentRowChanged, this, &MainWindow::showModuleAt);
 
     auto* const inspector = new InspectorView(m_module);
-    addDock("inspectorDock", QT_TR_NOOP("Inspector"), inspector, Qt::RightDockWidgetArea);
-    auto* const runDock = new RunDock(m_module);
-    addDock("runDock", QT_TR_NOOP("Run"), runDock, Qt::BottomDockWidgetArea);
-    connect(runDock, &RunDock::resultsChosen, inspector, &InspectorView::setResults);
-    for (QAction* const action : runDock->runActions()) {
-        m_runMenu->addAction(action);
-        connect(action, &QAction::triggered, this, [this] {
-            dock("runDock")->show();
-            dock("runDock")->raise();
-        });
+    auto* const run = new RunDock(m_module);
+    connect(run, &RunDock::resultsChosen, inspector, &InspectorView::setResults);
+    for (QAction* const action : run->runActions()) {
+        m_ui.runMenu->addAction(action);
+        connect(action, &QAction::triggered, m_ui.runDock, &QWidget::show);
+        connect(action, &QAction::triggered, m_ui.runDock, &QWidget::raise);
     }
-    addDock("commandLogDock", QT_TR_NOOP("Commands"), new CommandLogView(session.tap()),
-            Qt::BottomDockWidgetArea);
-    addDock("faultsDock", QT_TR_NOOP("Faults"), new FaultsView(session.faults()), Qt::RightDockWidgetArea);
-    tabifyDockWidget(dock("runDock"), dock("commandLogDock"));
-    tabifyDockWidget(dock("inspectorDock"), dock("faultsDock"));
-    dock("runDock")->raise();
-    dock("inspectorDock")->raise();
+    fillDock(m_ui.inspectorDock, inspector);
+    fillDock(m_ui.runDock, run);
+    fillDock(m_ui.commandLogDock, new CommandLogView(session.tap()));
+    fillDock(m_ui.faultsDock, new FaultsView(session.faults()));
+    tabifyDockWidget(m_ui.runDock, m_ui.commandLogDock);
+    tabifyDockWidget(m_ui.inspectorDock, m_ui.faultsDock);
+    m_ui.runDock->raise();
+    m_ui.inspectorDock->raise();
 
-    for (QLabel* const label : {m_flowLabel, m_storeLabel}) {
-        label->setContentsMargins(4, 0, 12, 0);
-        statusBar()->addWidget(label);
-    }
-
-    auto* const faultLabel = Widgets::named("faultLabel", new QLabel);
-    faultLabel->setStyleSheet(QStringLiteral("background: #b02020; color: white; padding: 0 8px"));
-    setTranslated(faultLabel, "text", QT_TR_NOOP("Faults are armed"));
-    statusBar()->addPermanentWidget(faultLabel);
-    const auto showFaults = [=] { faultLabel->setVisible(m_session.faults().plan().isArmed()); };
-    connect(&session.faults(), &FaultInjector::planChanged, this, showFaults);
-    showFaults();
-
+    connectActions();
+    addLanguages();
+    fillStatusBar();
+    qApp->installEventFilter(this);
     new LanguageChange(this, [this] { retranslate(); });
     arrange();
     restoreGeometry(settings.value(geometryKey).toByteArray());
     restoreState(settings.value(stateKey).toByteArray());
+}
+
+void MainWindow::fillDock(QDockWidget* dock, QWidget* content)
+{
+    dock->setWidget(content);
+    // A dock behind another one, as a tab, counts as visible; Tab must not go there.
+    connect(dock, &QDockWidget::visibilityChanged, content, &QWidget::setEnabled);
+    m_ui.viewMenu->addAction(dock->toggleViewAction());
+}
+
+void MainWindow::fillStatusBar()
+{
+    for (QLabel* const label : {m_ui.flowLabel, m_ui.storeLabel}) {
+        label->setContentsMargins(4, 0, 12, 0);
+        statusBar()->addWidget(label);
+    }
+    statusBar()->addPermanentWidget(m_ui.faultLabel);
+    const auto showFaults = [this] { m_ui.faultLabel->setVisible(m_session.faults().plan().isArmed()); };
+    connect(&m_session.faults(), &FaultInjector::planChanged, this, showFaults);
+    showFaults();
 }
 
 void MainWindow::arrange()
@@ -132,114 +121,78 @@ void MainWindow::arrange()
     // A screen's bars are left out of its room, the window's frame is not.
     const QSize room = WorkbenchApplication::isOnScreen() ? screen()->availableSize()
                                                           : QSize(QWIDGETSIZE_MAX, QWIDGETSIZE_MAX);
-    for (const char* const name : {"inspectorDock", "faultsDock"}) {
-        dock(name)->setVisible(room.width() >= widthForRightDocks);
+    for (QDockWidget* const dock : {m_ui.inspectorDock, m_ui.faultsDock}) {
+        dock->setVisible(room.width() >= widthForRightDocks);
     }
-    for (const char* const name : {"runDock", "commandLogDock"}) {
-        dock(name)->setVisible(room.height() >= heightForLowerDocks);
+    for (QDockWidget* const dock : {m_ui.runDock, m_ui.commandLogDock}) {
+        dock->setVisible(room.height() >= heightForLowerDocks);
     }
     layout()->activate(); // what is hidden no longer counts
     resize(preferredSize.boundedTo(room - QSize(4, 32)));
     // What the list, the panel and the bars leave.
-    resizeDocks({dock("inspectorDock")}, {std::min(540, width() - 230 - 640)}, Qt::Horizontal);
-    resizeDocks({dock("runDock")}, {std::min(310, height() - 540)}, Qt::Vertical);
+    resizeDocks({m_ui.inspectorDock}, {std::min(540, width() - 230 - 640)}, Qt::Horizontal);
+    resizeDocks({m_ui.runDock}, {std::min(310, height() - 540)}, Qt::Vertical);
 }
 
-void MainWindow::setTranslated(QObject* object, const char* property, const char* text)
+void MainWindow::connectActions()
 {
-    m_translated << Translated{object, property, text};
-}
-
-QMenu* MainWindow::addMenu(const char* title)
-{
-    QMenu* const menu = menuBar()->addMenu(QString());
-    setTranslated(menu, "title", title);
-    return menu;
-}
-
-QAction* MainWindow::addMenuAction(QMenu* menu, const char* text, const std::function<void()>& act,
-                                   const QKeySequence& shortcut)
-{
-    QAction* const action = menu->addAction(QString(), this, act, shortcut);
-    setTranslated(action, "text", text);
-    return action;
-}
-
-void MainWindow::createMenus()
-{
-    QMenu* const file = addMenu(QT_TR_NOOP("&File"));
-    addMenuAction(
-        file, QT_TR_NOOP("&Open flow..."), [this] { askForFlow(); }, QKeySequence::Open);
-    QMenu* const recent = file->addMenu(QString());
-    setTranslated(recent, "title", QT_TR_NOOP("&Recent flows"));
-    connect(recent, &QMenu::aboutToShow, this, [this, recent] {
-        recent->clear();
-        for (const QString& flow : m_settings.recentFlows()) {
-            recent->addAction(flow, this, [this, flow] { emit flowChosen(flow); });
-        }
-    });
-    addMenuAction(
-        file, QT_TR_NOOP("Re&load flow"), [this] { emit flowChosen(m_session.flowFile()); },
-        QKeySequence::Refresh);
-    file->addSeparator();
-    auto* const import =
-        addMenuAction(file, QT_TR_NOOP("&Import conditions..."), [this] { importConditions(); });
-    auto* const write =
-        addMenuAction(file, QT_TR_NOOP("&Export conditions..."), [this] { exportConditions(); });
-    file->addSeparator();
-    addMenuAction(
-        file, QT_TR_NOOP("&Quit"), [this] { close(); }, QKeySequence::Quit);
-
-    auto* const undo = addMenuAction(
-        addMenu(QT_TR_NOOP("&Edit")), QT_TR_NOOP("&Undo"),
-        [this] { replaceStored([this](QString* error) { return m_history.undo(error); }); },
-        QKeySequence::Undo);
-    const auto updateActions = [=] {
-        import->setEnabled(m_module.panel());
-        write->setEnabled(m_module.panel());
-        undo->setEnabled(m_module.panel() && m_history.canUndo());
+    connect(m_ui.openAction, &QAction::triggered, this, &MainWindow::askForFlow);
+    connect(m_ui.recentMenu, &QMenu::aboutToShow, this, &MainWindow::showRecentFlows);
+    connect(m_ui.reloadAction, &QAction::triggered, this, [this] { emit flowChosen(m_session.flowFile()); });
+    connect(m_ui.importAction, &QAction::triggered, this, &MainWindow::importConditions);
+    connect(m_ui.exportAction, &QAction::triggered, this, &MainWindow::exportConditions);
+    connect(m_ui.quitAction, &QAction::triggered, this, &MainWindow::close);
+    connect(m_ui.undoAction, &QAction::triggered, this,
+            [this] { replaceStored([this](QString* error) { return m_history.undo(error); }); });
+    connect(m_ui.aboutAction, &QAction::triggered, this, &MainWindow::showAbout);
+    const auto updateActions = [this] {
+        m_ui.importAction->setEnabled(m_module.panel());
+        m_ui.exportAction->setEnabled(m_module.panel());
+        m_ui.undoAction->setEnabled(m_module.panel() && m_history.canUndo());
     };
     connect(&m_history, &UndoHistory::changed, this, updateActions);
     updateActions();
-    qApp->installEventFilter(this);
+}
 
-    m_runMenu = addMenu(QT_TR_NOOP("&Run"));
-    m_viewMenu = addMenu(QT_TR_NOOP("&View"));
-
-    m_languageMenu = menuBar()->addMenu(QStringLiteral("&Language / 语言"));
+void MainWindow::addLanguages()
+{
     auto* const languages = new QActionGroup(this);
     for (const Translations::Language& language : Translations::languages()) {
         QAction* const action = languages->addAction(language.name);
         action->setCheckable(true);
         action->setData(language.code);
     }
-    m_languageMenu->addActions(languages->actions());
+    m_ui.languageMenu->addActions(languages->actions());
     connect(languages, &QActionGroup::triggered, this,
             [this](const QAction* action) { emit languageChosen(action->data().toString()); });
+}
 
-    addMenuAction(addMenu(QT_TR_NOOP("&Help")), QT_TR_NOOP("&About"), [this] { showAbout(); });
+void MainWindow::showRecentFlows()
+{
+    m_ui.recentMenu->clear();
+    for (const QString& flow : m_settings.recentFlows()) {
+        m_ui.recentMenu->addAction(flow, this, [this, flow] { emit flowChosen(flow); });
+    }
 }
 
 void MainWindow::retranslate()
 {
+    m_ui.retranslateUi(this);
     setWindowTitle(m_session.flow().name());
-    for (const Translated& each : qAsConst(m_translated)) {
-        each.object->setProperty(each.property, tr(each.text));
-    }
-    m_flowLabel->setText(tr("Flow: %1").arg(QFileInfo(m_session.flowFile()).fileName()));
-    m_flowLabel->setToolTip(QFileInfo(m_session.flowFile()).absoluteFilePath());
-    m_storeLabel->setText(tr("Store: %1").arg(QFileInfo(m_session.storeFile()).fileName()));
-    m_storeLabel->setToolTip(QFileInfo(m_session.storeFile()).absoluteFilePath());
+    m_ui.flowLabel->setText(tr("Flow: %1").arg(QFileInfo(m_session.flowFile()).fileName()));
+    m_ui.flowLabel->setToolTip(QFileInfo(m_session.flowFile()).absoluteFilePath());
+    m_ui.storeLabel->setText(tr("Store: %1").arg(QFileInfo(m_session.storeFile()).fileName()));
+    m_ui.storeLabel->setToolTip(QFileInfo(m_session.storeFile()).absoluteFilePath());
     for (auto it = m_pageOf.cbegin(); it != m_pageOf.cend(); ++it) {
-        for (auto* const model : it->widget->findChildren<InspectionTableModel*>()) {
-            model->setTable(ModuleInspection::outputs(*m_session.flow().module(it.key())));
+        if (auto* const table = it->widget->findChild<InspectionTable*>()) {
+            table->setTable(ModuleInspection::outputs(*m_session.flow().module(it.key())));
         }
     }
 }
 
 void MainWindow::setLanguage(const QString& code)
 {
-    const auto actions = m_languageMenu->actions();
+    const auto actions = m_ui.languageMenu->actions();
     for (QAction* const action : actions) {
         action->setChecked(action->data().toString() == code);
     }
@@ -347,7 +300,7 @@ void MainWindow::showAbout()
 void MainWindow::showModule(unsigned int moduleId)
 {
     const auto& modules = m_session.flow().modules();
-    m_moduleList->setCurrentRow(static_cast<int>(m_session.flow().module(moduleId) - modules.constData()));
+    m_ui.moduleList->setCurrentRow(static_cast<int>(m_session.flow().module(moduleId) - modules.constData()));
 }
 
 void MainWindow::showModuleAt(int row)
@@ -359,26 +312,10 @@ void MainWindow::showModuleAt(int row)
     Page& page = m_pageOf[module.id];
     if (!page.widget) {
         page = createPage(module);
-        m_pages->addWidget(page.widget);
+        m_ui.pages->addWidget(page.widget);
     }
-    m_pages->setCurrentWidget(page.widget);
+    m_ui.pages->setCurrentWidget(page.widget);
     m_module.set(module.id, page.panel);
-}
-
-void MainWindow::addDock(const char* name, const char* title, QWidget* content, Qt::DockWidgetArea area)
-{
-    auto* const added = Widgets::named(name, new QDockWidget(this));
-    setTranslated(added, "windowTitle", title);
-    added->setWidget(content);
-    addDockWidget(area, added);
-    // A dock behind another one, as a tab, counts as visible; Tab must not go there.
-    connect(added, &QDockWidget::visibilityChanged, content, &QWidget::setEnabled);
-    m_viewMenu->addAction(added->toggleViewAction());
-}
-
-QDockWidget* MainWindow::dock(const char* name) const
-{
-    return findChild<QDockWidget*>(QString::fromLatin1(name));
 }
 
 MainWindow::Page MainWindow::createPage(const FlowModule& module)
@@ -395,9 +332,9 @@ MainWindow::Page MainWindow::createPage(const FlowModule& module)
     auto* const frameLayout = new QVBoxLayout(frame);
     QString error;
     if (module.kind != Flow::ifKind()) {
-        auto* const outputs = new InspectionTableModel(page.widget);
+        auto* const outputs = new InspectionTable;
         outputs->setTable(ModuleInspection::outputs(module));
-        frameLayout->addWidget(InspectorView::createTable(*outputs, "outputTable"));
+        frameLayout->addWidget(outputs);
     } else if (!m_session.core().configuration(module.id, &error)) {
         auto* const text = new QLabel(error);
         text->setTextFormat(Qt::PlainText);

@@ -2,22 +2,15 @@
 
 #include "CurrentModule.h"
 #include "UndoHistory.h"
-#include "Widgets.h"
-#include "inspector/InspectionTableModel.h"
+#include "ui_MainWindow.h"
 
 #include <QHash>
-#include <QLabel>
-#include <QListWidget>
-#include <QMainWindow>
-#include <QStackedWidget>
 
 #include <functional>
 
 class CoreSession;
 struct FlowModule;
 class PanelPlugin;
-class QDockWidget;
-class QMenu;
 class WorkbenchSettings;
 
 /// The window of the workbench: the flow's modules on the left, the panel of the chosen one on the right.
@@ -56,17 +49,14 @@ private:
         QWidget* panel = nullptr;
     };
     Page createPage(const FlowModule& module);
-    /// Has a property, such as a title, follow the language; the text is marked by QT_TR_NOOP.
-    void setTranslated(QObject* object, const char* property, const char* text);
-    QMenu* addMenu(const char* title);
-    QAction* addMenuAction(QMenu* menu, const char* text, const std::function<void()>& act,
-                           const QKeySequence& shortcut = {});
-    /// Adds a dock of this name at an edge, and its switch to the menu of views.
-    void addDock(const char* name, const char* title, QWidget* content, Qt::DockWidgetArea area);
-    QDockWidget* dock(const char* name) const;
+    void fillStatusBar();
+    /// Has the dock show this, and adds its switch to the menu of views.
+    void fillDock(QDockWidget* dock, QWidget* content);
     /// Size and docks of the first start: the panel comes before the docks on a small screen.
     void arrange();
-    void createMenus();
+    void connectActions();
+    void addLanguages();
+    void showRecentFlows();
     void retranslate();
     void showModuleAt(int row);
     void importConditions();
@@ -81,19 +71,6 @@ private:
     WorkbenchSettings& m_settings;
     CurrentModule m_module;
     UndoHistory m_history;
-    QListWidget* m_moduleList = Widgets::named("moduleList", new QListWidget);
-    QStackedWidget* m_pages = new QStackedWidget;
     QHash<unsigned int, Page> m_pageOf;
-    QLabel* m_flowLabel = Widgets::named("flowLabel", new QLabel);
-    QLabel* m_storeLabel = Widgets::named("storeLabel", new QLabel);
-    QMenu* m_runMenu;
-    QMenu* m_viewMenu;
-    QMenu* m_languageMenu;
-    struct Translated
-    {
-        QObject* object;
-        const char* property;
-        const char* text;
-    };
-    QVector<Translated> m_translated;
+    Ui::MainWindow m_ui;
 };

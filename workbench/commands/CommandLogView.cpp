@@ -6,10 +6,8 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
-#include <QHBoxLayout>
 #include <QSaveFile>
 #include <QScrollBar>
-#include <QVBoxLayout>
 
 #include <algorithm>
 #include <utility>
@@ -24,58 +22,39 @@ constexpr int columnWidths[] = {60, 110, 150, 70, 180, 330, 120, 180}; // px
 CommandLogView::CommandLogView(CommandTap& tap, QWidget* parent)
     : QWidget(parent)
 {
+    m_ui.setupUi(this);
     m_filtered.setSourceModel(&m_model);
     m_filtered.setFilterKeyColumn(-1);
     m_filtered.setFilterCaseSensitivity(Qt::CaseInsensitive);
-    m_table->setModel(&m_filtered);
-    m_table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    m_table->verticalHeader()->setDefaultSectionSize(m_table->fontMetrics().height() + 4);
-    m_table->horizontalHeader()->setStretchLastSection(true);
+    QTableView* const table = m_ui.commandTable;
+    table->setModel(&m_filtered);
+    table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    table->verticalHeader()->setDefaultSectionSize(table->fontMetrics().height() + 4);
     for (int column = 0; column < static_cast<int>(std::size(columnWidths)); ++column) {
-        m_table->setColumnWidth(column, columnWidths[column]);
+        table->setColumnWidth(column, columnWidths[column]);
     }
-    m_pause->setCheckable(true);
-
-    auto* const tools = new QHBoxLayout;
-    tools->addWidget(m_filter, 1);
-    for (QPushButton* const button : {m_pause, m_clear, m_copy, m_save}) {
-        tools->addWidget(button);
-    }
-    auto* const layout = new QVBoxLayout(this);
-    layout->addLayout(tools);
-    layout->addWidget(m_table, 1);
 
     m_flush.setSingleShot(true);
     m_flush.setInterval(flushInterval);
     connect(&m_flush, &QTimer::timeout, this, &CommandLogView::flush);
     connect(&tap, &CommandTap::executed, this, &CommandLogView::append);
-    connect(m_filter, &QLineEdit::textChanged, &m_filtered, &QSortFilterProxyModel::setFilterFixedString);
-    connect(m_clear, &QPushButton::clicked, this, [this] {
+    connect(m_ui.filterEdit, &QLineEdit::textChanged, &m_filtered,
+            &QSortFilterProxyModel::setFilterFixedString);
+    connect(m_ui.clearButton, &QPushButton::clicked, this, [this] {
         m_pending.clear();
         m_model.clear();
     });
-    connect(m_copy, &QPushButton::clicked, this, &CommandLogView::copy);
-    connect(m_save, &QPushButton::clicked, this, &CommandLogView::save);
-    new LanguageChange(this, [this] { retranslate(); });
-}
-
-void CommandLogView::retranslate()
-{
-    m_filter->setPlaceholderText(tr("filter"));
-    m_filter->setAccessibleName(tr("filter of the commands"));
-    m_table->setAccessibleName(tr("commands"));
-    m_pause->setText(tr("Pause"));
-    m_clear->setText(tr("Clear"));
-    m_copy->setText(tr("Copy"));
-    m_save->setText(tr("Save…"));
-    m_copy->setToolTip(tr("Copies the selected rows, or all that are shown."));
-    m_save->setToolTip(tr("Saves the selected rows, or all that are shown, as JSON lines."));
-    m_model.retranslate();
+    connect(m_ui.copyButton, &QPushButton::clicked, this, &CommandLogView::copy);
+    connect(m_ui.saveButton, &QPushButton::clicked, this, &CommandLogView::save);
+    new LanguageChange(this, [this] {
+        m_ui.retranslateUi(this);
+        m_model.retranslate();
+    });
 }
 
 void CommandLogView::append(ZelCore::ICommand& command, CommandEntry entry)
 {
-    if (!isVisible() || m_pause->isChecked()) {
+    if (!isVisible() || m_ui.pauseButton->isChecked()) {
         return;
     }
     entry.time = QDateTime::currentDateTime();
@@ -88,18 +67,18 @@ void CommandLogView::append(ZelCore::ICommand& command, CommandEntry entry)
 
 void CommandLogView::flush()
 {
-    const QScrollBar* const bar = m_table->verticalScrollBar();
+    const QScrollBar* const bar = m_ui.commandTable->verticalScrollBar();
     const bool isAtEnd = bar->value() == bar->maximum();
     m_model.append(std::exchange(m_pending, {}));
     if (isAtEnd) {
-        m_table->scrollToBottom();
+        m_ui.commandTable->scrollToBottom();
     }
 }
 
 QVector<int> CommandLogView::chosenRows() const
 {
     QVector<int> rows;
-    const auto selected = m_table->selectionModel()->selectedRows();
+    const auto selected = m_ui.commandTable->selectionModel()->selectedRows();
     for (const QModelIndex& index : selected) {
         rows << m_filtered.mapToSource(index).row();
     }
@@ -138,6 +117,6 @@ void CommandLogView::save()
 
 void CommandLogView::showEvent(QShowEvent* event)
 {
-    m_table->scrollToBottom();
+    m_ui.commandTable->scrollToBottom();
     QWidget::showEvent(event);
 }

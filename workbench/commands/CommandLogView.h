@@ -1,13 +1,10 @@
 #pragma once
 
-#include "Widgets.h"
 #include "commands/CommandLogModel.h"
+#include "ui_CommandLogView.h"
 
-#include <QLineEdit>
-#include <QPushButton>
 #include <QSortFilterProxyModel>
 #include <QTimer>
-#include <QWidget>
 
 /// Shows the commands as they are executed; records only while it is visible and not paused.
 class CommandLogView : public QWidget
@@ -22,7 +19,6 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
-    void retranslate();
     void append(ZelCore::ICommand& command, CommandEntry entry);
     void flush();
     void copy();
@@ -35,10 +31,5 @@ private:
     // Rows reach the view in batches: what a command costs must not depend on the view.
     QVector<CommandEntry> m_pending;
     QTimer m_flush;
-    QLineEdit* m_filter = new QLineEdit;
-    QPushButton* m_pause = new QPushButton;
-    QPushButton* m_clear = new QPushButton;
-    QPushButton* m_copy = new QPushButton;
-    QPushButton* m_save = new QPushButton;
-    QTableView* m_table = Widgets::createTable("commandTable");
+    Ui::CommandLogView m_ui;
 };

@@ -1,12 +1,7 @@
 #pragma once
 
 #include "CurrentModule.h"
-#include "Widgets.h"
-#include "inspector/InspectionTableModel.h"
-
-#include <QLabel>
-#include <QPlainTextEdit>
-#include <QTabWidget>
+#include "ui_InspectorView.h"
 
 /// Shows what the store holds for a module, and what its panel shows; read anew after every command.
 class InspectorView : public QTabWidget
@@ -21,22 +16,13 @@ public:
     /// flow's sample values.
     void setResults(const QVector<Judgement::Result>& results);
 
-    /// A view of rows, fitted to their texts.
-    static QTableView* createTable(InspectionTableModel& model, const char* name);
-
 protected:
     void showEvent(QShowEvent* event) override;
 
 private:
-    void retranslate();
     void refresh();
 
     const CurrentModule& m_module;
     QVector<Judgement::Result> m_results;
-    InspectionTableModel m_conditions;
-    InspectionTableModel m_ios;
-    InspectionTableModel m_bindings;
-    InspectionTableModel m_values;
-    QLabel* m_summary = Widgets::named("inspectorSummary", new QLabel);
-    QPlainTextEdit* m_bytes = Widgets::named("inspectorBytes", new QPlainTextEdit);
+    Ui::InspectorView m_ui;
 };

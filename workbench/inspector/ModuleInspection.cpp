@@ -86,15 +86,9 @@ QString boundText(const ModuleConfiguration& configuration, double bound, const 
 
 } // namespace
 
-QStringList ModuleInspection::conditionColumns()
-{
-    return {tr("Name"),    tr("Input"),  tr("Value"), tr("Minimum"),
-            tr("Maximum"), tr("Result"), tr("State"), tr("Note")};
-}
-
-ModuleInspection::Rows ModuleInspection::conditions(const ModuleConfiguration& configuration,
-                                                    const QList<ConditionRecord>* shown,
-                                                    const QVector<Judgement::Result>& results)
+ModuleInspection::Table ModuleInspection::conditions(const ModuleConfiguration& configuration,
+                                                     const QList<ConditionRecord>* shown,
+                                                     const QVector<Judgement::Result>& results)
 {
     const QByteArray list = IfConfiguration::conditionList(configuration);
     const QList<StoredCondition> stored = StoredCondition::fromStored(list);
@@ -109,7 +103,7 @@ ModuleInspection::Rows ModuleInspection::conditions(const ModuleConfiguration& c
             judged << judgement.result(i);
         }
     }
-    Rows rows;
+    QVector<Row> rows;
     const auto all = compared(stored, shown ? *shown : QList<ConditionRecord>());
     for (const Compared& each : all) {
         const QString& name = each.stored ? each.stored->name : each.shown->name;
@@ -143,7 +137,9 @@ ModuleInspection::Rows ModuleInspection::conditions(const ModuleConfiguration& c
               << (remark.isEmpty() ? tr("stored") : remark) << shortened(each.stored->note);
         rows << Row{cells, remark, resultColumn, isIn ? in : hasValue ? out : noValue};
     }
-    return rows;
+    return {{tr("Name"), tr("Input"), tr("Value"), tr("Minimum"), tr("Maximum"), tr("Result"), tr("State"),
+             tr("Note")},
+            rows};
 }
 
 QStringList ModuleInspection::differences(const ModuleConfiguration& configuration,
@@ -179,7 +175,7 @@ bool ModuleInspection::judgeAlike(const ModuleConfiguration& first, const Module
 
 ModuleInspection::Table ModuleInspection::ios(const ModuleConfiguration& configuration)
 {
-    Rows rows;
+    QVector<Row> rows;
     for (const ModuleIo& io : configuration.ios) {
         QStringList flags;
         for (const auto& [name, flag] : StoredWords::ioFlags) {
@@ -195,7 +191,7 @@ ModuleInspection::Table ModuleInspection::ios(const ModuleConfiguration& configu
 
 ModuleInspection::Table ModuleInspection::bindings(const ModuleConfiguration& configuration)
 {
-    Rows rows;
+    QVector<Row> rows;
     for (const ModuleBinding& binding : configuration.bindings) {
         const bool isIo = binding.target.Type == SUBSCRIBE_TYPE_IO;
         rows << Row{{binding.target.Key, isIo ? tr("IO") : tr("run parameter"), binding.source,
@@ -208,7 +204,7 @@ ModuleInspection::Table ModuleInspection::bindings(const ModuleConfiguration& co
 
 ModuleInspection::Table ModuleInspection::values(const ModuleConfiguration& configuration)
 {
-    Rows rows;
+    QVector<Row> rows;
     const auto add = [&rows](const QString& kind, const QMap<QString, QByteArray>& values) {
         for (auto it = values.cbegin(); it != values.cend(); ++it) {
             rows << Row{{kind, it.key(), CommandText::visible(it.value().toStdString(), longestText)}};
@@ -221,7 +217,7 @@ ModuleInspection::Table ModuleInspection::values(const ModuleConfiguration& conf
 
 ModuleInspection::Table ModuleInspection::outputs(const FlowModule& module)
 {
-    Rows rows;
+    QVector<Row> rows;
     const std::function<void(const QVector<FlowOutput>&)> add = [&](const QVector<FlowOutput>& outputs) {
         for (const FlowOutput& output : outputs) {
             if (!output.isGroup()) {

@@ -26,23 +26,21 @@ public:
         int colouredCell = -1;
         QColor colour{};
     };
-    using Rows = QVector<Row>;
     struct Table
     {
         QStringList columns;
-        Rows rows;
+        QVector<Row> rows;
     };
 
     /// The place of "Result" among the columns of conditions.
     static constexpr int resultColumn = 5;
 
-    static QStringList conditionColumns();
     /// The stored conditions, then those that are shown only. With what the panel shows at hand, rows that
     /// are not stored as they are shown are remarked; so is one that was cut when it was stored. Values and
     /// bounds are those of the results, one for each stored condition; of the flow's sample values when
     /// there are none.
-    static Rows conditions(const ModuleConfiguration& configuration, const QList<ConditionRecord>* shown,
-                           const QVector<Judgement::Result>& results = {});
+    static Table conditions(const ModuleConfiguration& configuration, const QList<ConditionRecord>* shown,
+                            const QVector<Judgement::Result>& results = {});
     /// A sentence for each condition that is not stored as it is shown.
     static QStringList differences(const ModuleConfiguration& configuration,
                                    const QList<ConditionRecord>& shown);

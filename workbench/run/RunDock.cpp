@@ -15,13 +15,9 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QGuiApplication>
-#include <QHBoxLayout>
 #include <QProgressDialog>
 #include <QSaveFile>
 #include <QSignalBlocker>
-#include <QSplitter>
-#include <QToolButton>
-#include <QVBoxLayout>
 
 #include <algorithm>
 #include <cmath>
@@ -31,7 +27,6 @@ namespace {
 
 constexpr int chunkMilliseconds = 15;
 constexpr int showMilliseconds = 100;
-constexpr int progressSteps = 1000;
 constexpr int progressDelay = 300; // ms
 
 // The samples that come with a flow are in its folder and have its name.
@@ -60,168 +55,92 @@ RunDock::RunDock(const CurrentModule& module, QWidget* parent)
     : QWidget(parent)
     , m_module(module)
 {
-    m_totals->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    m_problem->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    m_problem->setWordWrap(true);
-    m_problem->setStyleSheet(QStringLiteral("color: #b02020"));
-
-    auto* const splitter = new QSplitter;
+    m_ui.setupUi(this);
+    setUpSources();
     setUpTable();
-    splitter->addWidget(m_table);
-    splitter->addWidget(createConditionPart());
-    splitter->setStretchFactor(0, 1);
-    splitter->setChildrenCollapsible(false);
-
-    auto* const layout = new QVBoxLayout(this);
-    layout->addWidget(createSourceRow());
-    auto* const totals = new QHBoxLayout;
-    totals->addWidget(m_totals);
-    totals->addStretch(1);
-    totals->addWidget(m_onlyNotOk);
-    layout->addLayout(totals);
-    layout->addWidget(m_problem);
-    layout->addWidget(splitter, 1);
 
     // Chunks of rows between the events of the window.
     m_timer.setInterval(0);
     connect(&m_timer, &QTimer::timeout, this, &RunDock::judgeChunk);
-    connect(m_source, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &RunDock::reset);
-    connect(m_condition, QOverload<int>::of(&QComboBox::currentIndexChanged), this, [this] {
+    connect(m_ui.sourceBox, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &RunDock::reset);
+    connect(m_ui.conditionBox, QOverload<int>::of(&QComboBox::currentIndexChanged), this, [this] {
         showCondition();
         showChosenRow();
     });
-    connect(m_browse, &QPushButton::clicked, this, &RunDock::chooseFile);
-    connect(m_once, &QAction::triggered, this, &RunDock::runOnce);
-    connect(m_step, &QAction::triggered, this, &RunDock::step);
-    connect(m_all, &QAction::triggered, this, &RunDock::runAll);
-    connect(m_cancel, &QPushButton::clicked, this, &RunDock::cancel);
-    connect(m_export, &QPushButton::clicked, this, &RunDock::exportResults);
+    connect(m_ui.browseButton, &QPushButton::clicked, this, &RunDock::chooseFile);
+    connect(m_ui.onceAction, &QAction::triggered, this, &RunDock::runOnce);
+    connect(m_ui.stepAction, &QAction::triggered, this, &RunDock::step);
+    connect(m_ui.allAction, &QAction::triggered, this, &RunDock::runAll);
+    connect(m_ui.cancelButton, &QPushButton::clicked, this, &RunDock::cancel);
+    connect(m_ui.exportButton, &QPushButton::clicked, this, &RunDock::exportResults);
     connect(&module, &CurrentModule::changed, this, &RunDock::followModule);
     new LanguageChange(this, [this] {
-        retranslate();
+        m_ui.retranslateUi(this);
         showTotals();
     });
     reset();
 }
 
-void RunDock::retranslate()
+void RunDock::setUpSources()
 {
-    m_browse->setText(tr("Open CSV…"));
-    m_once->setText(tr("Judge first row"));
-    m_step->setText(tr("Judge next row"));
-    m_all->setText(tr("Judge all rows"));
-    m_cancel->setText(tr("Cancel"));
-    m_export->setText(tr("Export results…"));
-    m_onlyNotOk->setText(tr("Only not OK"));
-    m_copy->setText(tr("Copy rows"));
-    m_once->setToolTip(tr("Judges the first row (F8)."));
-    m_step->setToolTip(tr("Judges the next row (F10)."));
-    m_all->setToolTip(tr("Judges all rows from the first (F9)."));
-    m_export->setToolTip(tr("Judges all rows and writes the results to a CSV file."));
-    m_source->setItemText(0, tr("values of the flow"));
-    m_source->setAccessibleName(tr("sample values"));
-    m_table->setAccessibleName(tr("results"));
-    m_progress->setAccessibleName(tr("part of the file that is judged"));
-    m_condition->setAccessibleName(tr("condition shown"));
-    m_histogram->setAccessibleName(tr("values of the condition"));
-}
-
-QWidget* RunDock::createSourceRow()
-{
-    m_source->setSizeAdjustPolicy(QComboBox::AdjustToContents);
-    m_source->addItem(QString());
     const QString samples = samplesOf(m_module.session().flowFile());
     if (QFileInfo::exists(samples)) {
         addFile(samples);
     }
-    m_progress->setRange(0, progressSteps);
-    m_once->setShortcut(Qt::Key_F8);
-    m_step->setShortcut(Qt::Key_F10);
-    m_all->setShortcut(Qt::Key_F9);
-    const auto buttonOf = [](const char* name, QAction* action) {
-        auto* const button = Widgets::named(name, new QToolButton);
-        button->setDefaultAction(action);
-        button->setFocusPolicy(Qt::StrongFocus);
-        return button;
-    };
-
-    auto* const row = new QWidget;
-    auto* const layout = new QHBoxLayout(row);
-    layout->setContentsMargins({});
-    for (QWidget* const widget : std::initializer_list<QWidget*>{
-             m_source, m_browse, buttonOf("runOnceButton", m_once), buttonOf("stepButton", m_step),
-             buttonOf("runAllButton", m_all), m_cancel, m_export}) {
-        layout->addWidget(widget);
-    }
-    layout->addWidget(m_progress, 1);
-    return row;
+    m_ui.runOnceButton->setDefaultAction(m_ui.onceAction);
+    m_ui.stepButton->setDefaultAction(m_ui.stepAction);
+    m_ui.runAllButton->setDefaultAction(m_ui.allAction);
 }
 
 void RunDock::setUpTable()
 {
-    m_table->verticalHeader()->setDefaultSectionSize(m_table->fontMetrics().height() + 4);
+    QTableView* const table = m_ui.resultTable;
+    table->verticalHeader()->setDefaultSectionSize(table->fontMetrics().height() + 4);
     // Columns are fitted to the rows in sight, not to all.
-    m_table->horizontalHeader()->setResizeContentsPrecision(0);
-    m_table->horizontalHeader()->setHighlightSections(false);
-    m_table->setContextMenuPolicy(Qt::ActionsContextMenu);
-    m_table->addAction(m_copy);
-    m_copy->setShortcut(QKeySequence::Copy);
-    m_copy->setShortcutContext(Qt::WidgetShortcut);
-    connect(m_copy, &QAction::triggered, this, &RunDock::copyRows);
-    connect(m_onlyNotOk, &QCheckBox::toggled, this, &RunDock::chooseResultModel);
+    table->horizontalHeader()->setResizeContentsPrecision(0);
+    connect(m_ui.copyAction, &QAction::triggered, this, &RunDock::copyRows);
+    connect(m_ui.onlyNotOk, &QCheckBox::toggled, this, &RunDock::chooseResultModel);
     chooseResultModel();
 }
 
 void RunDock::chooseResultModel()
 {
-    const std::unique_ptr<QItemSelectionModel> former(m_table->selectionModel());
-    m_table->setModel(m_onlyNotOk->isChecked() ? &m_notOk : &m_results);
-    connect(m_table->selectionModel(), &QItemSelectionModel::currentChanged, this, &RunDock::showChosenRow);
-    m_table->resizeColumnsToContents();
+    const std::unique_ptr<QItemSelectionModel> former(m_ui.resultTable->selectionModel());
+    m_ui.resultTable->setModel(m_ui.onlyNotOk->isChecked() ? &m_notOk : &m_results);
+    connect(m_ui.resultTable->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            &RunDock::showChosenRow);
+    m_ui.resultTable->resizeColumnsToContents();
     showTotals();
     showChosenRow();
 }
 
 void RunDock::copyRows()
 {
-    QModelIndexList rows = m_table->selectionModel()->selectedRows();
+    QModelIndexList rows = m_ui.resultTable->selectionModel()->selectedRows();
     std::sort(rows.begin(), rows.end());
-    QGuiApplication::clipboard()->setText(TabSeparated::textOf(*m_table->model(), rows, true));
+    QGuiApplication::clipboard()->setText(TabSeparated::textOf(*m_ui.resultTable->model(), rows, true));
 }
 
 void RunDock::showChosenRow()
 {
-    const QModelIndex index = m_table->currentIndex();
-    const auto* const model = static_cast<const ResultModel*>(m_table->model());
+    const QModelIndex index = m_ui.resultTable->currentIndex();
+    const auto* const model = static_cast<const ResultModel*>(m_ui.resultTable->model());
     const QVector<Judgement::Result> results =
         index.isValid() && !m_isOutdated ? model->row(index.row()).results : QVector<Judgement::Result>();
-    const int condition = m_condition->currentIndex();
-    m_histogram->mark(condition >= 0 && condition < results.size() ? results[condition].value : std::nan(""));
+    const int condition = m_ui.conditionBox->currentIndex();
+    m_ui.histogram->mark(condition >= 0 && condition < results.size() ? results[condition].value
+                                                                      : std::nan(""));
     emit resultsChosen(results);
-}
-
-QWidget* RunDock::createConditionPart()
-{
-    auto* const part = new QWidget;
-    auto* const layout = new QVBoxLayout(part);
-    layout->setContentsMargins({});
-    layout->addWidget(m_condition);
-    layout->addWidget(m_conditionTotals);
-    layout->addWidget(m_histogram, 1);
-    m_statistics->setWordWrap(true);
-    m_statistics->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    layout->addWidget(m_statistics);
-    return part;
 }
 
 QList<QAction*> RunDock::runActions() const
 {
-    return {m_once, m_step, m_all};
+    return {m_ui.onceAction, m_ui.stepAction, m_ui.allAction};
 }
 
 void RunDock::chooseFile()
 {
-    const QString current = m_source->currentData().toString();
+    const QString current = m_ui.sourceBox->currentData().toString();
     const QString file = QFileDialog::getOpenFileName(
         this, tr("Sample values"), current.isEmpty() ? m_module.session().flowFile() : current,
         tr("Comma-separated values (*.csv);;All files (*)"));
@@ -232,13 +151,13 @@ void RunDock::chooseFile()
 
 void RunDock::addFile(const QString& file)
 {
-    int index = m_source->findData(file);
+    int index = m_ui.sourceBox->findData(file);
     if (index < 0) {
-        index = m_source->count();
-        m_source->addItem(QFileInfo(file).fileName(), file);
-        m_source->setItemData(index, QFileInfo(file).absoluteFilePath(), Qt::ToolTipRole);
+        index = m_ui.sourceBox->count();
+        m_ui.sourceBox->addItem(QFileInfo(file).fileName(), file);
+        m_ui.sourceBox->setItemData(index, QFileInfo(file).absoluteFilePath(), Qt::ToolTipRole);
     }
-    m_source->setCurrentIndex(index);
+    m_ui.sourceBox->setCurrentIndex(index);
 }
 
 void RunDock::runOnce()
@@ -277,8 +196,8 @@ void RunDock::reset()
     m_isAtEnd = false;
     m_results.begin({});
     m_notOk.begin({});
-    m_condition->clear();
-    m_progress->setValue(0);
+    m_ui.conditionBox->clear();
+    m_ui.runProgress->setValue(0);
     showProblem(QString());
     setOutdated(false);
     updateButtons();
@@ -286,7 +205,7 @@ void RunDock::reset()
 
 bool RunDock::begin()
 {
-    const QString shown = m_condition->currentText();
+    const QString shown = m_ui.conditionBox->currentText();
     reset();
     QString error;
     m_run = openRun(&error);
@@ -308,18 +227,18 @@ bool RunDock::begin()
     const QStringList titles = titlesOf(conditions, m_judgedBy);
     m_results.begin(titles);
     m_notOk.begin(titles);
-    const QSignalBlocker blocker(m_condition);
+    const QSignalBlocker blocker(m_ui.conditionBox);
     for (const QString& title : titles) {
-        m_condition->addItem(title.section(QLatin1Char('\n'), 0, 0));
+        m_ui.conditionBox->addItem(title.section(QLatin1Char('\n'), 0, 0));
     }
-    m_condition->setCurrentIndex(std::max(m_condition->findText(shown), 0));
+    m_ui.conditionBox->setCurrentIndex(std::max(m_ui.conditionBox->findText(shown), 0));
     m_sinceShown.start();
     return true;
 }
 
 std::unique_ptr<SampleRun> RunDock::openRun(QString* error) const
 {
-    const QString file = m_source->currentData().toString();
+    const QString file = m_ui.sourceBox->currentData().toString();
     *error = m_module.configuration() ? WorkbenchApplication::refusal(file) : m_module.error();
     if (!error->isEmpty()) {
         return nullptr;
@@ -335,7 +254,7 @@ bool RunDock::judgeRows(qint64 limit)
     QVector<ResultModel::Row> rows;
     QVector<ResultModel::Row> notOk;
     QString error;
-    const bool wasEmpty = m_table->model()->rowCount() == 0;
+    const bool wasEmpty = m_ui.resultTable->model()->rowCount() == 0;
     const Judgement& judgement = m_run->judgement();
     auto step = SampleRun::Step::Judged;
     constexpr int rowsBetweenLooks = 64; // at the clock
@@ -368,12 +287,11 @@ bool RunDock::judgeRows(qint64 limit)
     m_results.append(rows);
     m_notOk.append(notOk);
     if (wasEmpty) {
-        m_table->resizeColumnsToContents();
+        m_ui.resultTable->resizeColumnsToContents();
     }
     if (!m_timer.isActive() || m_isAtEnd || m_sinceShown.hasExpired(showMilliseconds)) {
-        m_progress->setValue(step == SampleRun::Step::AtEnd
-                                 ? progressSteps
-                                 : static_cast<int>(m_run->progress() * progressSteps));
+        const double progress = step == SampleRun::Step::AtEnd ? 1.0 : m_run->progress();
+        m_ui.runProgress->setValue(static_cast<int>(progress * m_ui.runProgress->maximum()));
         showProblem(error);
         showTotals();
         m_sinceShown.start();
@@ -404,8 +322,9 @@ void RunDock::followModule()
 void RunDock::setOutdated(bool isOutdated)
 {
     m_isOutdated = isOutdated;
-    m_totals->setStyleSheet(isOutdated ? QStringLiteral("color: #b02020") : QString());
-    m_table->setStyleSheet(isOutdated ? QStringLiteral("QTableView { background: #e4e4e4 }") : QString());
+    m_ui.runTotals->setStyleSheet(isOutdated ? QStringLiteral("color: #b02020") : QString());
+    m_ui.resultTable->setStyleSheet(isOutdated ? QStringLiteral("QTableView { background: #e4e4e4 }")
+                                               : QString());
     showTotals();
     showChosenRow();
 }
@@ -421,7 +340,7 @@ void RunDock::exportResults()
         return;
     }
     QSaveFile file(name);
-    QProgressDialog progress(tr("Exporting results…"), tr("Cancel"), 0, progressSteps, this);
+    QProgressDialog progress(tr("Exporting results…"), tr("Cancel"), 0, m_ui.runProgress->maximum(), this);
     progress.setWindowModality(Qt::WindowModal);
     progress.setMinimumDuration(progressDelay); // until then the window stands still
     const ResultCsv csv(*run);
@@ -435,7 +354,7 @@ void RunDock::exportResults()
         if (timer.hasExpired(chunkMilliseconds)) {
             isWritten = file.write(rows) >= 0;
             rows.clear();
-            progress.setValue(static_cast<int>(run->progress() * (progressSteps - 1)));
+            progress.setValue(static_cast<int>(run->progress() * (progress.maximum() - 1)));
             timer.start();
         }
     }
@@ -455,7 +374,7 @@ void RunDock::showTotals()
     if (m_run && m_run->conditions().isEmpty()) {
         parts = QStringList(tr("%1 rows, no conditions").arg(m_run->rows()));
     }
-    const qint64 wanted = !m_run ? 0 : m_run->rows() - (m_onlyNotOk->isChecked() ? m_run->okRows() : 0);
+    const qint64 wanted = !m_run ? 0 : m_run->rows() - (m_ui.onlyNotOk->isChecked() ? m_run->okRows() : 0);
     if (wanted > ResultModel::capacity) {
         parts << tr("the table shows the first %1").arg(ResultModel::capacity);
     }
@@ -465,23 +384,23 @@ void RunDock::showTotals()
     if (m_isOutdated) {
         parts << tr("outdated: the conditions have changed");
     }
-    m_totals->setText(parts.join(QStringLiteral("; ")));
+    m_ui.runTotals->setText(parts.join(QStringLiteral("; ")));
     showCondition();
 }
 
 void RunDock::showCondition()
 {
-    const int index = m_condition->currentIndex();
+    const int index = m_ui.conditionBox->currentIndex();
     if (!m_run || index < 0 || m_run->rows() == 0) {
-        m_conditionTotals->clear();
-        m_histogram->clear();
-        m_statistics->clear();
+        m_ui.conditionTotals->clear();
+        m_ui.histogram->clear();
+        m_ui.statistics->clear();
         return;
     }
     const SampleRun::ConditionTotals& totals = m_run->totals(index);
     const ConditionValues& values = m_values[static_cast<std::size_t>(index)];
-    m_conditionTotals->setText(totals.summary());
-    m_histogram->setValues(totals.values, values.minimum, values.maximum);
+    m_ui.conditionTotals->setText(totals.summary());
+    m_ui.histogram->setValues(totals.values, values.minimum, values.maximum);
     QStringList statistics;
     const std::pair<QString, double> quantiles[] = {{tr("minimum"), 0.0},
                                                     {tr("1 %"), 0.01},
@@ -497,22 +416,22 @@ void RunDock::showCondition()
             statistics << QStringLiteral("%1 %2").arg(what, QString::number(value, 'g', 6));
         }
     }
-    m_statistics->setText(statistics.join(QStringLiteral(", ")));
+    m_ui.statistics->setText(statistics.join(QStringLiteral(", ")));
 }
 
 void RunDock::showProblem(const QString& text)
 {
-    m_problem->setText(text);
-    m_problem->setVisible(!text.isEmpty());
+    m_ui.runProblem->setText(text);
+    m_ui.runProblem->setVisible(!text.isEmpty());
 }
 
 void RunDock::updateButtons()
 {
     const FlowModule* const module = m_module.session().flow().module(m_module.id());
     const bool canRun = module && module->kind == Flow::ifKind() && !m_timer.isActive();
-    for (QAction* const action : {m_once, m_step, m_all}) {
+    for (QAction* const action : {m_ui.onceAction, m_ui.stepAction, m_ui.allAction}) {
         action->setEnabled(canRun);
     }
-    m_export->setEnabled(canRun);
-    m_cancel->setEnabled(m_timer.isActive());
+    m_ui.exportButton->setEnabled(canRun);
+    m_ui.cancelButton->setEnabled(m_timer.isActive());
 }

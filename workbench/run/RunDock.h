@@ -1,18 +1,11 @@
 #pragma once
 
-#include "Widgets.h"
 #include "judgement/SampleRun.h"
-#include "run/HistogramView.h"
 #include "run/ResultModel.h"
 #include "run/ValueSample.h"
+#include "ui_RunDock.h"
 
-#include <QAction>
-#include <QCheckBox>
-#include <QComboBox>
 #include <QElapsedTimer>
-#include <QLabel>
-#include <QProgressBar>
-#include <QPushButton>
 #include <QTimer>
 
 #include <memory>
@@ -46,10 +39,8 @@ private:
         BoundSpan maximum;
     };
 
-    void retranslate();
-    QWidget* createSourceRow();
+    void setUpSources();
     void setUpTable();
-    QWidget* createConditionPart();
     void chooseFile();
     void addFile(const QString& file);
 
@@ -90,22 +81,5 @@ private:
     QElapsedTimer m_sinceShown;
     ResultModel m_results;
     ResultModel m_notOk;
-
-    QComboBox* m_source = Widgets::named("sourceBox", new QComboBox);
-    QPushButton* m_browse = Widgets::named("browseButton", new QPushButton);
-    QAction* m_once = new QAction(this);
-    QAction* m_step = new QAction(this);
-    QAction* m_all = new QAction(this);
-    QPushButton* m_cancel = Widgets::named("cancelButton", new QPushButton);
-    QPushButton* m_export = Widgets::named("exportButton", new QPushButton);
-    QProgressBar* m_progress = Widgets::named("runProgress", new QProgressBar);
-    QLabel* m_totals = Widgets::named("runTotals", new QLabel);
-    QLabel* m_problem = Widgets::named("runProblem", new QLabel);
-    QCheckBox* m_onlyNotOk = Widgets::named("onlyNotOk", new QCheckBox);
-    QTableView* m_table = Widgets::createTable("resultTable");
-    QAction* m_copy = new QAction(this);
-    QComboBox* m_condition = Widgets::named("conditionBox", new QComboBox);
-    QLabel* m_conditionTotals = Widgets::named("conditionTotals", new QLabel);
-    HistogramView* m_histogram = Widgets::named("histogram", new HistogramView);
-    QLabel* m_statistics = Widgets::named("statistics", new QLabel);
+    Ui::RunDock m_ui;
 };
