@@ -1,7 +1,7 @@
 #include "judgement/CsvReader.h"
 
+#include "EmbeddedCore/TextError.h"
 #include "judgement/ByteSearch.h"
-#include "judgement/JudgementError.h"
 
 #include <QtAlgorithms>
 
@@ -67,7 +67,7 @@ void CsvReader::open(const QString& file)
     m_file.close();
     m_file.setFileName(file);
     if (file == QLatin1String("-") ? !m_file.open(fileno(stdin), mode) : !m_file.open(mode)) {
-        throw JudgementError(tr("%1: %2").arg(shownName(), m_file.errorString()));
+        throw TextError(tr("%1: %2").arg(shownName(), m_file.errorString()));
     }
     m_begin = m_end = nullptr;
     m_nextLine = 1;
@@ -86,7 +86,7 @@ void CsvReader::open(const QString& file)
     m_searched = m_begin;
     m_found = ByteSearch::find(m_searched, m_separator, '\n');
     if (!readRow()) {
-        throw JudgementError(tr("%1: the file is empty").arg(shownName()));
+        throw TextError(tr("%1: the file is empty").arg(shownName()));
     }
 }
 
@@ -182,7 +182,7 @@ std::optional<double> CsvReader::numberAt(int column)
 
 void CsvReader::fail(qint64 line, const QString& text) const
 {
-    throw JudgementError(tr("%1: line %2: %3").arg(shownName(), QString::number(line), text));
+    throw TextError(tr("%1: line %2: %3").arg(shownName(), QString::number(line), text));
 }
 
 QString CsvReader::shownName() const
@@ -297,7 +297,7 @@ void CsvReader::fill()
     m_buffer.resize(std::max(m_buffer.size(), kept + blockSize + ByteSearch::width));
     const qint64 size = m_file.read(m_buffer.data() + kept, blockSize);
     if (size < 0) {
-        throw JudgementError(tr("%1: %2").arg(shownName(), m_file.errorString()));
+        throw TextError(tr("%1: %2").arg(shownName(), m_file.errorString()));
     }
     m_isLastBlock = size == 0;
     m_begin = m_buffer.data();

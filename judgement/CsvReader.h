@@ -15,7 +15,7 @@
 /// by semicolons or tabs makes these the separator. Blank lines of a table with more than one column are
 /// skipped. Files with the same header are read as one table.
 ///
-/// Throws JudgementError with file and line for anything else.
+/// Throws TextError with file and line for anything else.
 class CsvReader
 {
     Q_DECLARE_TR_FUNCTIONS(CsvReader)

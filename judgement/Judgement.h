@@ -66,8 +66,8 @@ public:
         return m_operands[indexOf(condition, kind)];
     }
 
-    /// Judges the rows of this table from now on, which must outlive the judgement. Throws JudgementError
-    /// when it lacks a column.
+    /// Judges the rows of this table from now on, which must outlive the judgement. Throws TextError when it
+    /// lacks a column.
     void setTable(CsvReader* table);
 
     /// Whether the module is OK with the table's present row, or with the sample values. A condition without

@@ -1,6 +1,6 @@
 #include "judgement/SampleRun.h"
 
-#include "judgement/JudgementError.h"
+#include "EmbeddedCore/TextError.h"
 
 #include <cmath>
 #include <utility>
@@ -13,13 +13,10 @@ QString SampleRun::ConditionTotals::summary() const
 std::unique_ptr<SampleRun> SampleRun::open(const ModuleConfiguration& configuration,
                                            const QStringList& csvFiles, QString* error)
 {
-    try {
+    return attempt(error, [&] {
         auto table = csvFiles.isEmpty() ? nullptr : std::make_unique<CsvReader>(csvFiles);
         return std::unique_ptr<SampleRun>(new SampleRun(configuration, std::move(table)));
-    } catch (const JudgementError& failure) {
-        *error = failure.text();
-        return nullptr;
-    }
+    });
 }
 
 SampleRun::SampleRun(const ModuleConfiguration& configuration, std::unique_ptr<CsvReader> table)
@@ -38,7 +35,7 @@ SampleRun::Step SampleRun::next(QString* error)
         if (m_table ? !m_table->next() : m_rows > 0) {
             return Step::AtEnd;
         }
-    } catch (const JudgementError& failure) {
+    } catch (const TextError& failure) {
         *error = failure.text();
         return Step::Failed;
     }

@@ -1,5 +1,5 @@
+#include "EmbeddedCore/TextError.h"
 #include "judgement/ByteSearch.h"
-#include "judgement/JudgementError.h"
 #include "judgement/JudgementSql.h"
 #include "judgement/ResultCsv.h"
 
@@ -74,7 +74,7 @@ private:
                 read += QString::number(reader.line()) + ' ' + QString::fromStdString(field) +
                         (number ? QString("=%1|").arg(*number) : "|");
             }
-        } catch (const JudgementError& error) {
+        } catch (const TextError& error) {
             read += error.text().startsWith(file) ? error.text().mid(file.size() + 2)
                                                   : "no file: " + error.text();
         }

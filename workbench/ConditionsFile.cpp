@@ -1,21 +1,20 @@
 #include "ConditionsFile.h"
 
 #include "EmbeddedCore/EmbeddedCore.h"
+#include "EmbeddedCore/JsonNode.h"
+#include "EmbeddedCore/TextError.h"
 #include "condition/ConditionName.h"
 #include "condition/ConditionRecord.h"
 #include "judgement/IfConfiguration.h"
 
 #include <QCoreApplication>
-#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QJsonObject>
 #include <QRegularExpression>
 #include <QSaveFile>
 #include <QTemporaryDir>
 
 #include <cmath>
-#include <stdexcept>
 
 using namespace ZelCore;
 
@@ -27,19 +26,6 @@ struct Texts
 {
     Q_DECLARE_TR_FUNCTIONS(ConditionsFile)
 };
-
-// Exceptions stay in this unit.
-[[noreturn]] void fail(const QString& problem)
-{
-    throw std::runtime_error(problem.toStdString());
-}
-
-void require(bool isSo, const QString& place, const QString& expected)
-{
-    if (!isSo) {
-        fail(QStringLiteral("%1: %2").arg(place, expected));
-    }
-}
 
 QString jsonText(const QJsonValue& value)
 {
@@ -58,28 +44,6 @@ QString boundText(const ModuleConfiguration& configuration, double constant, con
              jsonText(IfConfiguration::sourceOf(configuration, SUBSCRIBE_TYPE_RUNPARAM, bindingKey)));
 }
 
-// The keys are separated by blanks.
-QJsonObject objectAt(const QJsonValue& value, const QString& place, const char* keys)
-{
-    const QStringList known = QString::fromLatin1(keys).split(QLatin1Char(' '));
-    require(value.isObject(), place, Texts::tr("expected an object"));
-    QJsonObject object = value.toObject();
-    const QStringList present = object.keys();
-    for (const QString& key : present) {
-        require(known.contains(key), place, Texts::tr("unknown key \"%1\"").arg(key));
-    }
-    return object;
-}
-
-QString textAt(const QJsonObject& object, const char* name, const QString& place)
-{
-    const auto key = QString::fromLatin1(name);
-    const QJsonValue value = object[key];
-    require(value.isString() || value.isUndefined(), place + QLatin1Char('.') + key,
-            Texts::tr("expected a text"));
-    return value.toString();
-}
-
 void bind(ModuleConfiguration* configuration, ENUM_IO_SUBSCRIBE_TYPE_ type, const QString& key,
           const QString& source)
 {
@@ -88,39 +52,38 @@ void bind(ModuleConfiguration* configuration, ENUM_IO_SUBSCRIBE_TYPE_ type, cons
     }
 }
 
-double readBound(ModuleConfiguration* configuration, QJsonValue value, const QString& place, bool isFloat,
-                 const QString& bindingKey, const QString& boundSourceKey)
+double readBound(ModuleConfiguration* configuration, JsonNode bound, bool isFloat, const QString& bindingKey,
+                 const QString& boundSourceKey)
 {
-    if (value.isObject()) {
-        const QJsonObject bound = objectAt(value, place, "constant source");
-        bind(configuration, SUBSCRIBE_TYPE_RUNPARAM, bindingKey, textAt(bound, "source", place));
+    if (bound.value.isObject()) {
+        bound.expectObject({"constant", "source"});
+        bind(configuration, SUBSCRIBE_TYPE_RUNPARAM, bindingKey, bound.member("source").optionalText());
         configuration->uiData[boundSourceKey] =
             QByteArray(ModuleParameter::subscribedBound, sizeof(ModuleParameter::subscribedBound));
-        value = bound[QLatin1String("constant")];
+        bound = bound.member("constant");
     }
     constexpr int limit = 999999999; // of the fields in the panel
-    const double number = value.toDouble();
-    require(value.isDouble() && std::abs(number) <= limit, place,
-            Texts::tr("expected a number from -%1 to %1").arg(limit));
-    require(QString::number(number, 'f', isFloat ? 3 : 0).toDouble() == number, place,
-            isFloat ? Texts::tr("at most three decimals can be stored")
-                    : Texts::tr("expected a whole number"));
+    const double number = bound.value.toDouble();
+    bound.expect(bound.value.isDouble() && std::abs(number) <= limit,
+                 Texts::tr("a number from -%1 to %1").arg(limit));
+    bound.expect(QString::number(number, 'f', isFloat ? 3 : 0).toDouble() == number,
+                 isFloat ? Texts::tr("at most three decimals") : Texts::tr("a whole number"));
     return number;
 }
 
-ConditionRecord readCondition(ModuleConfiguration* configuration, const QJsonValue& value,
-                              const QString& place)
+ConditionRecord readCondition(ModuleConfiguration* configuration, const JsonNode& condition)
 {
-    const QJsonObject condition = objectAt(value, place, "name note input minimum maximum");
+    condition.expectObject({"name", "note", "input", "minimum", "maximum"});
+    const JsonNode name = condition.member("name");
+    const JsonNode note = condition.member("note");
     ConditionRecord record;
-    record.name = textAt(condition, "name", place);
+    record.name = name.optionalText();
     static const QRegularExpression form(QStringLiteral("^(int|float)(0|[1-9][0-9]{0,8})$"));
-    require(form.match(record.name).hasMatch(), place + QStringLiteral(".name"),
-            Texts::tr("expected \"int\" or \"float\" and a number"));
-    record.note = textAt(condition, "note", place);
+    name.expect(form.match(record.name).hasMatch(), Texts::tr("\"int\" or \"float\" and a number"));
+    record.note = note.optionalText();
     static const QRegularExpression unstorable(QStringLiteral("[:;\\x00-\\x1f]"));
-    require(!record.note.contains(unstorable), place + QStringLiteral(".note"),
-            Texts::tr("a note can't hold ':', ';' or control characters"));
+    note.expect(!record.note.contains(unstorable),
+                Texts::tr("a note without ':', ';' and control characters"));
 
     using namespace ConditionName;
     const QString input = inputIo(record.name);
@@ -130,45 +93,35 @@ ConditionRecord readCondition(ModuleConfiguration* configuration, const QJsonVal
         added.flags.CanSubscribe = false;
         configuration->ios << added;
     }
-    bind(configuration, SUBSCRIBE_TYPE_IO, input, textAt(condition, "input", place));
+    bind(configuration, SUBSCRIBE_TYPE_IO, input, condition.member("input").optionalText());
     const bool isFloat = isWrittenAsFloat(record.name);
-    record.minimum =
-        readBound(configuration, condition[QLatin1String("minimum")], place + QStringLiteral(".minimum"),
-                  isFloat, lowerBoundKey(record.name), lowerBoundSourceKey(record.name));
-    record.maximum =
-        readBound(configuration, condition[QLatin1String("maximum")], place + QStringLiteral(".maximum"),
-                  isFloat, upperBoundKey(record.name), upperBoundSourceKey(record.name));
+    record.minimum = readBound(configuration, condition.member("minimum"), isFloat,
+                               lowerBoundKey(record.name), lowerBoundSourceKey(record.name));
+    record.maximum = readBound(configuration, condition.member("maximum"), isFloat,
+                               upperBoundKey(record.name), upperBoundSourceKey(record.name));
     return record;
 }
 
-ModuleConfiguration parsed(const QByteArray& json)
+ModuleConfiguration parsed(const JsonNode& root)
 {
-    QJsonParseError problem;
-    const QJsonDocument document = QJsonDocument::fromJson(json, &problem);
-    require(!document.isNull(), Texts::tr("byte %1").arg(problem.offset), problem.errorString());
-    const QJsonObject root = objectAt(document.isObject() ? QJsonValue(document.object()) : QJsonValue(),
-                                      Texts::tr("the file"), "version mode conditions");
-    require(root[QLatin1String("version")] == QJsonValue(version), QStringLiteral("version"),
-            Texts::tr("expected %1").arg(version));
-    const QString mode = root[QLatin1String("mode")].toString();
-    require(mode == QLatin1String("all") || mode == QLatin1String("any"), QStringLiteral("mode"),
-            Texts::tr("expected \"all\" or \"any\""));
-    require(root[QLatin1String("conditions")].isArray(), QStringLiteral("conditions"),
-            Texts::tr("expected a list"));
+    root.expectObject({"version", "mode", "conditions"});
+    const JsonNode mode = root.member("mode");
+    root.member("version").expect(root.member("version").value == version, QString::number(version));
+    mode.expect(mode.value == "all" || mode.value == "any", Texts::tr("\"all\" or \"any\""));
 
     ModuleConfiguration configuration;
     QList<ConditionRecord> records;
     QStringList names;
-    const QJsonArray conditions = root[QLatin1String("conditions")].toArray();
-    for (const auto& condition : conditions) {
-        const QString place = QStringLiteral("conditions[%1]").arg(records.size());
-        records << readCondition(&configuration, condition, place);
-        require(!names.contains(records.last().name), place + QStringLiteral(".name"),
-                Texts::tr("%1 is there twice").arg(records.last().name));
-        names << records.last().name;
+    for (const JsonNode& condition : root.member("conditions").items()) {
+        records << readCondition(&configuration, condition);
+        const QString name = records.last().name;
+        if (names.contains(name)) {
+            condition.member("name").fail(Texts::tr("%1 is there twice").arg(name));
+        }
+        names << name;
     }
     configuration.runParameters[QLatin1String(ModuleParameter::judgementMode)] =
-        mode == QLatin1String("all") ? "1" : "2";
+        mode.value == "all" ? "1" : "2";
     configuration.binaryData[QLatin1String(ModuleParameter::conditionList)] =
         ConditionRecord::toText(records).toUtf8();
     return configuration;
@@ -178,20 +131,17 @@ ModuleConfiguration configurationOf(const EmbeddedCore& core, UInt moduleId)
 {
     QString error;
     const auto configuration = core.configuration(moduleId, &error);
-    if (!configuration) {
-        fail(error);
-    }
+    require(configuration.has_value(), error);
     return *configuration;
 }
 
-// Sends what differs; an exception when the core refuses something.
+// Sends what differs; throws TextError when the core refuses something.
 void change(EmbeddedCore& core, UInt moduleId, const ModuleConfiguration& target)
 {
     const auto send = [&core](auto&& command) {
         const CommandResult result = core.Execute(command);
-        if (result.Status != Success && result.Status != NothingChanged) {
-            fail(QString::fromUtf8(result.Message));
-        }
+        require(result.Status == Success || result.Status == NothingChanged,
+                QString::fromUtf8(result.Message));
     };
     const ModuleConfiguration present = configurationOf(core, moduleId);
     for (const ModuleIo& io : target.ios) {
@@ -273,24 +223,17 @@ bool ConditionsFile::write(const QString& file, const ModuleConfiguration& confi
 std::optional<ModuleConfiguration> ConditionsFile::read(const QString& file, const Flow& flow, UInt moduleId,
                                                         QString* error)
 {
-    try {
-        QFile source(file);
-        if (!source.open(QIODevice::ReadOnly)) {
-            fail(source.errorString());
-        }
+    const auto readChecked = [&] {
         // The core of a store of its own checks it against the flow.
-        const ModuleConfiguration target = parsed(source.readAll());
+        const ModuleConfiguration target = parsed(JsonNode::ofFile(file));
         const QTemporaryDir folder;
-        const auto core = EmbeddedCore::open(flow, folder.filePath(QStringLiteral("store.sqlite")), error);
-        if (!core) {
-            return std::nullopt;
-        }
+        QString problem;
+        const auto core = EmbeddedCore::open(flow, folder.filePath(QStringLiteral("store.sqlite")), &problem);
+        require(core != nullptr, problem);
         change(*core, moduleId, target);
-        return configurationOf(*core, moduleId);
-    } catch (const std::runtime_error& failure) {
-        *error = QStringLiteral("%1: %2").arg(file, QString::fromUtf8(failure.what()));
-        return std::nullopt;
-    }
+        return std::optional(configurationOf(*core, moduleId));
+    };
+    return attempt(error, readChecked, file + QStringLiteral(": "));
 }
 
 bool ConditionsFile::import(const QString& file, EmbeddedCore& core, UInt moduleId, QString* error)
@@ -303,20 +246,18 @@ bool ConditionsFile::apply(const ModuleConfiguration& target, EmbeddedCore& core
                            QString* error)
 {
     const auto before = core.configuration(moduleId, error);
-    if (!before) {
-        return false;
+    const auto changeTo = [&](const ModuleConfiguration& configuration, QString* problem) {
+        return attempt(problem, [&] {
+            change(core, moduleId, configuration);
+            return true;
+        });
+    };
+    if (!before || changeTo(target, error)) {
+        return before.has_value();
     }
-    try {
-        change(core, moduleId, target);
-        return true;
-    } catch (const std::runtime_error& failure) {
-        *error = QString::fromUtf8(failure.what());
-    }
-    try {
-        change(core, moduleId, *before);
-    } catch (const std::runtime_error& failure) {
-        *error = Texts::tr("%1; what was changed before can't be undone: %2")
-                     .arg(*error, QString::fromUtf8(failure.what()));
+    QString problem;
+    if (!changeTo(*before, &problem)) {
+        *error = Texts::tr("%1; what was changed before can't be undone: %2").arg(*error, problem);
     }
     return false;
 }

@@ -1,10 +1,10 @@
 #include "EmbeddedCore.h"
 
 #include "BindingSources.h"
-#include "CoreError.h"
 #include "IfModule.h"
 #include "Store.h"
 #include "SubscribeTree.h"
+#include "TextError.h"
 
 #include <algorithm>
 #include <limits>
@@ -57,18 +57,6 @@ T& checkedRecord(T* record)
 {
     require(record != nullptr, EmbeddedCore::tr("the command carries no record"));
     return *record;
-}
-
-// What the function returns, or nothing and what was thrown in error.
-template <typename Function>
-auto attempt(QString* error, const Function& function) -> decltype(function())
-{
-    try {
-        return function();
-    } catch (const CoreError& failure) {
-        *error = failure.text();
-        return {};
-    }
 }
 
 QByteArray storedValue(const Store& store, Store::Values values, UInt moduleId, const QString& name)
@@ -124,10 +112,10 @@ CommandResult EmbeddedCore::Execute(ICommand& command)
     try {
         CommandStatus status = None;
         if (!visitCommand(command, [this, &status](auto& typed) { status = execute(typed); })) {
-            throw CoreError(tr("unknown command %1").arg(QString::fromUtf8(command.Key())));
+            throw TextError(tr("unknown command %1").arg(QString::fromUtf8(command.Key())));
         }
         return status;
-    } catch (const CoreError& failure) {
+    } catch (const TextError& failure) {
         return {Failed, failure.what()};
     }
 }
@@ -185,7 +173,7 @@ CommandStatus EmbeddedCore::execute(SubscribeTreeQuery& command)
     const UInt module = checkedModule(condition.ModuleID);
     if (!SubscribeTree::isRange(condition.ModuleRange) ||
         condition.VarTypeNum > std::size(condition.VauleTypes)) {
-        throw CoreError(tr("the range or the number of types is not of the catalogue"));
+        throw TextError(tr("the range or the number of types is not of the catalogue"));
     }
     QStringList types;
     for (UInt i = 0; i < condition.VarTypeNum; ++i) {
@@ -236,7 +224,7 @@ CommandStatus EmbeddedCore::execute(SetFilterSourceCommand& command)
         return Success;
     }
     if (const auto refused = refusal(target, command.SubscribeName)) {
-        throw CoreError(*refused);
+        throw TextError(*refused);
     }
     m_store->setBinding(target, command.SubscribeName);
     return Success;

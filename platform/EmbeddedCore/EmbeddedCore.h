@@ -54,7 +54,7 @@ private:
     ZelCore::CommandStatus execute(ZelCore::GetFilterSourceCommand& command);
     ZelCore::CommandStatus execute(ZelCore::DelFilterSourceCommand& command);
 
-    /// The id, or the target, once it is known to be sound; throw CoreError otherwise.
+    /// The id, or the target, once it is known to be sound; throw TextError otherwise.
     ZelCore::UInt checkedModule(ZelCore::UInt id) const;
     ZelCore::FilterSourceTarget checkedTarget(const ZelCore::FilterSourceTarget& target) const;
     /// Why the source can't feed the target; nothing when it can.

@@ -1,16 +1,11 @@
 #include "Flow.h"
 
-#include "CoreError.h"
+#include "JsonNode.h"
+#include "TextError.h"
 
-#include <QFile>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <QSet>
 
 #include <algorithm>
-#include <cmath>
-#include <limits>
 
 namespace {
 
@@ -19,120 +14,56 @@ constexpr int longestName = 127;
 constexpr int longestSubscribeName = 255;
 constexpr int deepestNesting = 64;
 
-/// A value of the file and where it stands. What reads it throws CoreError, with the place, when it is
-/// something else.
-struct Node
+QString nameOf(const JsonNode& node)
 {
-    QJsonValue value;
-    QString place;
-
-    [[noreturn]] void expect(const QString& what) const
-    {
-        throw CoreError(Flow::tr("%1: expected %2").arg(place, what));
-    }
-
-    bool has(const QString& key) const { return value.toObject().contains(key); }
-
-    Node member(const QString& key) const { return {value.toObject().value(key), place + '.' + key}; }
-
-    // A key that is misspelt would be a value that is missing.
-    void checkObject(const QStringList& keys) const
-    {
-        if (!value.isObject()) {
-            expect(Flow::tr("an object"));
-        }
-        for (const QString& key : value.toObject().keys()) {
-            if (!keys.contains(key)) {
-                throw CoreError(
-                    Flow::tr("%1: unknown key \"%2\", expected %3").arg(place, key, keys.join(", ")));
-            }
-        }
-    }
-
-    QVector<Node> items() const
-    {
-        if (!value.isArray()) {
-            expect(Flow::tr("a list"));
-        }
-        QVector<Node> items;
-        for (const QJsonValue item : value.toArray()) {
-            items.append({item, QString("%1[%2]").arg(place).arg(items.size())});
-        }
-        return items;
-    }
-
-    QString text() const
-    {
-        if (value.toString().isEmpty()) {
-            expect(Flow::tr("a text that is not empty"));
-        }
-        return value.toString();
-    }
-
-    QString name() const
-    {
-        QString name = member("name").text();
-        if (name.toUtf8().size() > longestName) {
-            member("name").expect(Flow::tr("at most %1 bytes of UTF-8").arg(longestName));
-        }
-        return name;
-    }
-};
+    const JsonNode name = node.member("name");
+    QString text = name.text();
+    name.expect(text.toUtf8().size() <= longestName, Flow::tr("at most %1 bytes of UTF-8").arg(longestName));
+    return text;
+}
 
 bool isValueOf(const QString& type, const QJsonValue& value)
 {
-    if (type == "string") {
-        return value.isString();
-    }
-    if (type == "bool") {
-        return value.isBool();
-    }
-    if (type == "float") {
-        return value.isDouble();
-    }
-    const double number = value.toDouble();
-    return value.isDouble() && number == std::trunc(number) && number >= std::numeric_limits<int>::min() &&
-           number <= std::numeric_limits<int>::max();
+    return type == "string"  ? value.isString()
+           : type == "bool"  ? value.isBool()
+           : type == "float" ? value.isDouble()
+                             : value == value.toInt();
 }
 
 // Type, sample and column of an output that is no group.
-void readValue(FlowOutput& output, const Node& node)
+void readValue(FlowOutput& output, const JsonNode& node)
 {
-    output.type = node.member("type").value.toString();
-    if (!QStringList{"int", "float", "string", "bool"}.contains(output.type)) {
-        node.member("type").expect(Flow::tr(R"("int", "float", "string" or "bool", or outputs)"));
-    }
+    const JsonNode type = node.member("type");
+    output.type = type.value.toString();
+    type.expect(QStringList{"int", "float", "string", "bool"}.contains(output.type),
+                Flow::tr(R"("int", "float", "string" or "bool", or outputs)"));
     if (node.has("value")) {
-        output.value = node.member("value").value;
-        if (!isValueOf(output.type, output.value)) {
-            node.member("value").expect(Flow::tr("a value of type \"%1\"").arg(output.type));
-        }
+        const JsonNode sample = node.member("value");
+        output.value = sample.value;
+        sample.expect(isValueOf(output.type, output.value),
+                      Flow::tr("a value of type \"%1\"").arg(output.type));
     }
     if (node.has("column")) {
         output.column = node.member("column").text();
     }
-    if (output.subscribeName.toUtf8().size() > longestSubscribeName) {
-        node.expect(Flow::tr("names that together stay within %1 bytes of UTF-8").arg(longestSubscribeName));
-    }
+    node.expect(output.subscribeName.toUtf8().size() <= longestSubscribeName,
+                Flow::tr("names that together stay within %1 bytes of UTF-8").arg(longestSubscribeName));
 }
 
 // path is the subscribe text that leads to the outputs.
-QVector<FlowOutput> outputsOf(const Node& node, const QString& path, int level = 1)
+QVector<FlowOutput> outputsOf(const JsonNode& node, const QString& path, int level = 1)
 {
-    if (level > deepestNesting) {
-        node.expect(Flow::tr("at most %1 levels of outputs").arg(deepestNesting));
-    }
+    node.expect(level <= deepestNesting, Flow::tr("at most %1 levels of outputs").arg(deepestNesting));
     QVector<FlowOutput> outputs;
     QSet<QString> names;
-    for (const Node& item : node.items()) {
+    for (const JsonNode& item : node.items()) {
         const bool isGroup = item.has("outputs");
-        item.checkObject(isGroup ? QStringList{"name", "outputs"}
-                                 : QStringList{"name", "type", "value", "column"});
+        item.expectObject(isGroup ? QStringList{"name", "outputs"}
+                                  : QStringList{"name", "type", "value", "column"});
         FlowOutput output;
-        output.name = item.name();
-        if (output.name.contains('.') || names.contains(output.name)) {
-            item.member("name").expect(Flow::tr("a name without \".\" that no output of the group has"));
-        }
+        output.name = nameOf(item);
+        item.member("name").expect(!output.name.contains('.') && !names.contains(output.name),
+                                   Flow::tr("a name without \".\" that no output of the group has"));
         names << output.name;
         const QString outputPath = path + '.' + output.name;
         if (isGroup) {
@@ -146,20 +77,19 @@ QVector<FlowOutput> outputsOf(const Node& node, const QString& path, int level =
     return outputs;
 }
 
-QVector<FlowModule> modulesOf(const Node& node)
+QVector<FlowModule> modulesOf(const JsonNode& node)
 {
     QVector<FlowModule> modules;
     QSet<ZelCore::UInt> ids;
-    for (const Node& item : node.items()) {
-        item.checkObject({"id", "name", "kind", "outputs"});
-        const Node id = item.member("id");
+    for (const JsonNode& item : node.items()) {
+        item.expectObject({"id", "name", "kind", "outputs"});
+        const JsonNode id = item.member("id");
         FlowModule module;
         module.id = static_cast<ZelCore::UInt>(id.value.toInt());
-        if (!isValueOf("int", id.value) || id.value.toInt() < 1 || ids.contains(module.id)) {
-            id.expect(Flow::tr("a whole number from 1 to 2147483647 that no other module has"));
-        }
+        id.expect(id.value.toInt() >= 1 && !ids.contains(module.id), // toInt() is 0 for anything else
+                  Flow::tr("a whole number from 1 to 2147483647 that no other module has"));
         ids << module.id;
-        module.name = item.name();
+        module.name = nameOf(item);
         module.kind = item.member("kind").text();
         if (item.has("outputs")) {
             module.outputs = outputsOf(item.member("outputs"), QString::number(module.id));
@@ -169,42 +99,19 @@ QVector<FlowModule> modulesOf(const Node& node)
     return modules;
 }
 
-// Line and column, from 1, of a byte of a text.
-QString placeOf(const QByteArray& bytes, int offset)
-{
-    const QByteArray before = bytes.left(offset);
-    return Flow::tr("line %1, column %2").arg(before.count('\n') + 1).arg(offset - before.lastIndexOf('\n'));
-}
-
-QJsonValue parsed(const QByteArray& bytes)
-{
-    QJsonParseError error;
-    const QJsonDocument document = QJsonDocument::fromJson(bytes, &error);
-    if (error.error != QJsonParseError::NoError) {
-        // The parser mostly stops one byte behind what it did not expect.
-        const QString place = placeOf(bytes, std::max(error.offset - 1, 0));
-        Node{{}, place}.expect(Flow::tr("JSON (%1)").arg(error.errorString()));
-    }
-    return document.isObject() ? QJsonValue(document.object()) : QJsonValue(document.array());
-}
-
 } // namespace
 
 std::optional<Flow> Flow::load(const QString& file, QString* error)
 {
-    try {
-        QFile source(file);
-        require(source.open(QIODevice::ReadOnly), source.errorString());
-        const QJsonValue root = parsed(source.readAll());
-        Node{root, tr("the whole file")}.checkObject({"name", "modules"});
+    const auto read = [&file] {
+        const JsonNode root = JsonNode::ofFile(file);
+        root.expectObject({"name", "modules"});
         Flow flow;
-        flow.m_name = Node{root.toObject()["name"], "name"}.text();
-        flow.m_modules = modulesOf({root.toObject()["modules"], "modules"});
-        return flow;
-    } catch (const CoreError& failure) {
-        *error = tr("%1: %2").arg(file, failure.text());
-        return std::nullopt;
-    }
+        flow.m_name = root.member("name").text();
+        flow.m_modules = modulesOf(root.member("modules"));
+        return std::optional(flow);
+    };
+    return attempt(error, read, file + ": ");
 }
 
 const FlowModule* Flow::module(ZelCore::UInt id) const

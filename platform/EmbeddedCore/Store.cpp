@@ -1,8 +1,8 @@
 #include "Store.h"
 
-#include "CoreError.h"
 #include "IfModule.h"
 #include "StoredWords.h"
+#include "TextError.h"
 
 #include <QScopeGuard>
 #include <QSqlError>
@@ -266,7 +266,7 @@ ModuleConfiguration Store::configuration(const FlowModule& module) const
         QSqlQuery query = run(statement, {moduleId});
         for (int count = 0; query.next(); ++count) {
             if (count == mostRows) {
-                throw CoreError(tr("module %1 is too large: it has more than %2 entries of a kind")
+                throw TextError(tr("module %1 is too large: it has more than %2 entries of a kind")
                                     .arg(moduleId)
                                     .arg(mostRows));
             }
@@ -344,9 +344,9 @@ QSqlQuery Store::run(const QString& statement, const QVariantList& values) const
         if (query.lastError().nativeErrorCode() == errorOfLock) {
             m_refused.start();
             setPatience(0);
-            throw CoreError(tr("the store %1 is locked by another program").arg(file()));
+            throw TextError(tr("the store %1 is locked by another program").arg(file()));
         }
-        throw CoreError(tr("the store %1 failed: %2").arg(file(), query.lastError().databaseText()));
+        throw TextError(tr("the store %1 failed: %2").arg(file(), query.lastError().databaseText()));
     }
     return query;
 }

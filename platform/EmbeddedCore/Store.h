@@ -19,7 +19,7 @@ class QSqlQuery;
 /// returns. It is edited by one store at a time; other programs may read it meanwhile. A closed store is
 /// the file alone; while it is open, the latest changes are in the log beside it.
 ///
-/// Every operation throws CoreError when the file can't be read or written; the file is then as before.
+/// Every operation throws TextError when the file can't be read or written; the file is then as before.
 /// An operation waits half a second at most for another program's lock, and not at all within a second
 /// after one was refused for it: an action of many commands waits once.
 class Store

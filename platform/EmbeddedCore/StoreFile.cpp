@@ -1,7 +1,7 @@
 #include "StoreFile.h"
 
-#include "CoreError.h"
 #include "FileName.h"
+#include "TextError.h"
 
 #include <cerrno>
 #include <cstdlib>

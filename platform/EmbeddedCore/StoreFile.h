@@ -20,7 +20,7 @@ class StoreFile
 public:
     enum Use { Read, Edit };
 
-    /// Creates the file for editing when there is none. Throws CoreError when the name is not the path to a
+    /// Creates the file for editing when there is none. Throws TextError when the name is not the path to a
     /// file, when there is nothing to read and when the file is held for editing already.
     StoreFile(const QString& name, Use use);
     ~StoreFile();

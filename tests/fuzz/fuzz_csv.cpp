@@ -1,6 +1,6 @@
+#include "EmbeddedCore/TextError.h"
 #include "FuzzFile.h"
 #include "judgement/CsvReader.h"
-#include "judgement/JudgementError.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
@@ -12,7 +12,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                     reader.numberAt(i);
                 }
             }
-        } catch (const JudgementError& error) {
+        } catch (const TextError& error) {
             return "error: " + QString::fromUtf8(error.what());
         }
         return QString();
