@@ -45,13 +45,6 @@ QByteArray bytesOf(const char* data, UInt length)
     return length == 0 ? QByteArray("") : QByteArray(data, static_cast<int>(length));
 }
 
-// Bytes as a record hands them out: followed by a NUL, which counts.
-void give(const QByteArray& bytes, ZEL_VALUE_CONTAINER__<char>& record)
-{
-    record.CreateList(static_cast<UInt>(bytes.size()) + 1);
-    std::copy_n(bytes.constData(), bytes.size() + 1, record.Items());
-}
-
 template <typename T>
 T& checkedRecord(T* record)
 {
@@ -65,6 +58,17 @@ QByteArray storedValue(const Store& store, Store::Values values, UInt moduleId, 
     require(value.has_value(),
             EmbeddedCore::tr("module %1 has no parameter %2").arg(QString::number(moduleId), name));
     return *value;
+}
+
+// Answers with the stored bytes, followed by a NUL, which counts.
+template <typename Query>
+void give(const Store& store, Store::Values values, UInt moduleId, Query& query)
+{
+    auto& record = checkedRecord(query.Result);
+    const QByteArray bytes = storedValue(store, values, moduleId, nameOf(query.Condition->ParamName));
+    record.CreateList(static_cast<UInt>(bytes.size()) + 1);
+    std::copy_n(bytes.constData(), bytes.size() + 1, record.Items());
+    FillText(record.ParamName, query.Condition->ParamName);
 }
 
 } // namespace
@@ -171,10 +175,9 @@ CommandStatus EmbeddedCore::execute(SubscribeTreeQuery& command)
 {
     const auto& condition = checkedRecord(command.Condition);
     const UInt module = checkedModule(condition.ModuleID);
-    if (!SubscribeTree::isRange(condition.ModuleRange) ||
-        condition.VarTypeNum > std::size(condition.VauleTypes)) {
-        throw TextError(tr("the range or the number of types is not of the catalogue"));
-    }
+    require(SubscribeTree::isRange(condition.ModuleRange) &&
+                condition.VarTypeNum <= std::size(condition.VauleTypes),
+            tr("the range or the number of types is not of the catalogue"));
     QStringList types;
     for (UInt i = 0; i < condition.VarTypeNum; ++i) {
         types << textOf(condition.VauleTypes[i]);
@@ -185,12 +188,9 @@ CommandStatus EmbeddedCore::execute(SubscribeTreeQuery& command)
 
 CommandStatus EmbeddedCore::execute(BinaryDataQuery& command)
 {
-    const auto& condition = checkedRecord(command.Condition);
-    BINARY_DATA__& record = checkedRecord(command.Result);
-    const UInt module = checkedModule(condition.ModuleID);
-    give(storedValue(*m_store, Store::Values::BinaryData, module, nameOf(condition.ParamName)), record);
-    record.ModuleID = module;
-    FillText(record.ParamName, condition.ParamName);
+    const UInt module = checkedModule(checkedRecord(command.Condition).ModuleID);
+    give(*m_store, Store::Values::BinaryData, module, command);
+    command.Result->ModuleID = module;
     return Success;
 }
 
@@ -208,11 +208,8 @@ CommandStatus EmbeddedCore::execute(RunParamQuery& command)
 
 CommandStatus EmbeddedCore::execute(UIDataQuery& command)
 {
-    const auto& condition = checkedRecord(command.Condition);
-    UI_OBJECT_PARAM_INFO__& record = checkedRecord(command.Result);
-    const UInt module = checkedModule(condition.ObjectID);
-    give(storedValue(*m_store, Store::Values::UiData, module, nameOf(condition.ParamName)), record);
-    FillText(record.ParamName, condition.ParamName);
+    const UInt module = checkedModule(checkedRecord(command.Condition).ObjectID);
+    give(*m_store, Store::Values::UiData, module, command);
     return Success;
 }
 

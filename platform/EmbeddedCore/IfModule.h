@@ -5,8 +5,6 @@
 
 #include <QStringList>
 
-#include <utility>
-
 /// All that the core itself knows of what is stored for an If module; elsewhere in it a key is a text.
 namespace IfModule {
 
@@ -24,13 +22,9 @@ inline ModuleConfiguration first(const FlowModule& module)
 /// A run parameter has no type of its own; the condition's name in its key determines it.
 inline QStringList typesOfRunParameter(const QString& key)
 {
-    QStringList numeric = {"float", "int"};
-    for (const QString& type : std::as_const(numeric)) {
-        if (key.contains(type)) {
-            return {type};
-        }
-    }
-    return numeric;
+    return key.contains("float") ? QStringList("float")
+           : key.contains("int") ? QStringList("int")
+                                 : QStringList{"float", "int"};
 }
 
 } // namespace IfModule

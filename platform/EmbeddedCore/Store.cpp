@@ -37,20 +37,29 @@ QString selectValues(Store::Values values)
         .arg(QString::number(Store::longestValue), tableOf(values));
 }
 
-QString ioColumns()
+void checkLength(UInt moduleId, const QString& name, int length)
 {
-    QString columns = "name, io_class, value_type";
-    for (const auto& [column, flag] : StoredWords::ioFlags) {
-        columns += QString(", ") + column;
-    }
-    return columns;
+    require(length <= Store::longestValue,
+            Store::tr("%1 of module %2 is too large: it has %3 bytes of at most %4")
+                .arg(name)
+                .arg(moduleId)
+                .arg(length)
+                .arg(Store::longestValue));
 }
 
+// The value that selectValues() found.
+QByteArray valueOf(const QSqlQuery& query, UInt moduleId)
+{
+    checkLength(moduleId, query.value(0).toString(), query.value(2).toInt());
+    return query.value(1).toByteArray();
+}
+
+// The IO of a whole row of its table.
 ModuleIo ioOf(const QSqlQuery& query)
 {
-    const IOClass ioClass = query.value(1).toString() == StoredWords::of(Input) ? Input : Output;
-    ModuleIo io = {query.value(0).toString(), ioClass, query.value(2).toString(), {}};
-    int column = 3;
+    const IOClass ioClass = query.value(2).toString() == StoredWords::of(Input) ? Input : Output;
+    ModuleIo io = {query.value(1).toString(), ioClass, query.value(3).toString(), {}};
+    int column = 4;
     for (const auto& [name, flag] : StoredWords::ioFlags) {
         io.flags.*flag = query.value(column++).toBool();
     }
@@ -90,7 +99,7 @@ QStringList definitions()
 
 Store::Store(const QString& file, StoreFile::Use use)
     : m_file(file, use)
-    , m_connectionName("store-" + QUuid::createUuid().toString(QUuid::WithoutBraces))
+    , m_database(QSqlDatabase::addDatabase("QSQLITE", QUuid::createUuid().toString()))
 {}
 
 // Both delegate, so that the destructor closes the file when the rest fails.
@@ -116,7 +125,11 @@ Store::Store(const QString& file, const Flow& flow)
     run("PRAGMA foreign_keys = ON");
     run("BEGIN IMMEDIATE");
     if (isNew) {
-        createTables();
+        for (const QString& definition : definitions()) {
+            run(definition);
+        }
+        run(QString("PRAGMA application_id = %1").arg(applicationId));
+        run(QString("PRAGMA user_version = %1").arg(schemaVersion));
     }
     registerModules(flow);
     run("COMMIT");
@@ -130,14 +143,13 @@ Store::~Store()
         setPatience(0);
         QSqlQuery("PRAGMA journal_mode = DELETE", m_database);
     }
-    m_database.close();
+    const QString connection = m_database.connectionName();
     m_database = QSqlDatabase();
-    QSqlDatabase::removeDatabase(m_connectionName);
+    QSqlDatabase::removeDatabase(connection);
 }
 
 void Store::open()
 {
-    m_database = QSqlDatabase::addDatabase("QSQLITE", m_connectionName);
     m_database.setDatabaseName(m_file.url());
     m_database.setConnectOptions("QSQLITE_OPEN_URI");
     require(m_database.open(),
@@ -166,15 +178,6 @@ void Store::checkContent() const
     }
     require(expected.isEmpty(),
             tr("the store %1 lacks a table: %2").arg(file(), expected.value(0).left(100)));
-}
-
-void Store::createTables()
-{
-    for (const QString& definition : definitions()) {
-        run(definition);
-    }
-    run(QString("PRAGMA application_id = %1").arg(applicationId));
-    run(QString("PRAGMA user_version = %1").arg(schemaVersion));
 }
 
 void Store::registerModules(const Flow& flow)
@@ -218,20 +221,16 @@ bool Store::removeValue(Values values, UInt moduleId, const QString& name)
 
 void Store::addIo(UInt moduleId, const ModuleIo& io)
 {
-    QString marks = "?, ?, ?, ?";
     QVariantList values = {moduleId, io.name, StoredWords::of(io.ioClass), io.valueType};
     for (const auto& [column, flag] : StoredWords::ioFlags) {
-        marks += ", ?";
         values << int(io.flags.*flag);
     }
-    change(QString("INSERT INTO module_io (module_id, %1) VALUES (%2)").arg(ioColumns(), marks), values, 1);
+    change("INSERT INTO module_io VALUES (?" + QString(", ?").repeated(values.size() - 1) + ')', values, 1);
 }
 
 std::optional<ModuleIo> Store::io(UInt moduleId, const QString& name) const
 {
-    QSqlQuery query =
-        run(QString("SELECT %1 FROM module_io WHERE module_id = ? AND name = ?").arg(ioColumns()),
-            {moduleId, name});
+    QSqlQuery query = run("SELECT * FROM module_io WHERE module_id = ? AND name = ?", {moduleId, name});
     return query.next() ? std::optional(ioOf(query)) : std::nullopt;
 }
 
@@ -276,11 +275,11 @@ ModuleConfiguration Store::configuration(const FlowModule& module) const
     for (const auto& [values, map] : {std::pair(Values::BinaryData, &found.binaryData),
                                       {Values::RunParameter, &found.runParameters},
                                       {Values::UiData, &found.uiData}}) {
-        forEachRow(selectValues(values), [this, moduleId, map = map](const QSqlQuery& query) {
+        forEachRow(selectValues(values), [moduleId, map = map](const QSqlQuery& query) {
             map->insert(query.value(0).toString(), valueOf(query, moduleId));
         });
     }
-    forEachRow(QString("SELECT %1 FROM module_io WHERE module_id = ? ORDER BY name").arg(ioColumns()),
+    forEachRow("SELECT * FROM module_io WHERE module_id = ? ORDER BY name",
                [&found](const QSqlQuery& query) { found.ios << ioOf(query); });
     forEachRow("SELECT target_kind = 'io', target_key, source FROM binding WHERE module_id = ? "
                "ORDER BY target_kind, target_key",
@@ -292,21 +291,6 @@ ModuleConfiguration Store::configuration(const FlowModule& module) const
                    found.bindings << binding;
                });
     return found;
-}
-
-QByteArray Store::valueOf(const QSqlQuery& query, UInt moduleId)
-{
-    checkLength(moduleId, query.value(0).toString(), query.value(2).toInt());
-    return query.value(1).toByteArray();
-}
-
-void Store::checkLength(UInt moduleId, const QString& name, int length)
-{
-    require(length <= longestValue, tr("%1 of module %2 is too large: it has %3 bytes of at most %4")
-                                        .arg(name)
-                                        .arg(moduleId)
-                                        .arg(length)
-                                        .arg(longestValue));
 }
 
 bool Store::change(const QString& statement, const QVariantList& values, int fewest)

@@ -66,19 +66,15 @@ private:
 
     void open();
     void checkContent() const;
-    void createTables();
     void registerModules(const Flow& flow);
 
     /// Changes one row, or none where fewest is 0, in a transaction of its own; whether there was one.
     bool change(const QString& statement, const QVariantList& values, int fewest);
     QSqlQuery run(const QString& statement, const QVariantList& values = {}) const;
-    static QByteArray valueOf(const QSqlQuery& query, ZelCore::UInt moduleId);
-    static void checkLength(ZelCore::UInt moduleId, const QString& name, int length);
     QVariant pragma(const QString& name) const;
     void setPatience(int milliseconds) const;
 
     StoreFile m_file;
-    QString m_connectionName;
     QSqlDatabase m_database;
     /// Since a command was refused for another program's lock; invalid when it is long ago.
     mutable QElapsedTimer m_refused;

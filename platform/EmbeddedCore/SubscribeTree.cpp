@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 using namespace ZelCore;
 
@@ -17,25 +18,19 @@ bool isOffered(const FlowOutput& output, const QStringList& types)
 }
 
 // Fills records where they lie: copies of them are deep.
-void fill(ZEL_VALUE_CONTAINER__<SUBSCRIBE_NODE__>& list, UInt moduleId, const QVector<FlowOutput>& outputs,
-          const QStringList& types)
+void fill(SUBSCRIBE_NODE__& node, UInt moduleId, const FlowOutput& output, const QStringList& types)
 {
+    node.ModuleID = moduleId;
+    FillText(node.NodeName, output.name.toUtf8().constData());
+    FillText(node.SubscribeName, output.subscribeName.toUtf8().constData());
     QVector<FlowOutput> offered;
-    std::copy_if(outputs.cbegin(), outputs.cend(), std::back_inserter(offered),
-                 [&types](const FlowOutput& output) { return isOffered(output, types); });
-    list.CreateList(static_cast<UInt>(offered.size()));
-    SUBSCRIBE_NODE__* node = list.Items();
-    for (const FlowOutput& output : qAsConst(offered)) {
-        node->ModuleID = moduleId;
-        FillText(node->NodeName, output.name.toUtf8().constData());
-        FillText(node->SubscribeName, output.subscribeName.toUtf8().constData());
-        fill(*node++, moduleId, output.children, types);
+    std::copy_if(output.children.cbegin(), output.children.cend(), std::back_inserter(offered),
+                 [&types](const FlowOutput& child) { return isOffered(child, types); });
+    node.CreateList(static_cast<UInt>(offered.size()));
+    SUBSCRIBE_NODE__* child = node.Items();
+    for (const FlowOutput& each : qAsConst(offered)) {
+        fill(*child++, moduleId, each, types);
     }
-}
-
-bool includes(SUBSCRIBE_RANGE range, SUBSCRIBE_RANGE part)
-{
-    return (static_cast<int>(range) & static_cast<int>(part)) != 0;
 }
 
 } // namespace
@@ -50,12 +45,12 @@ bool SubscribeTree::isRange(int range)
 SUBSCRIBE_TREE__ SubscribeTree::build(const Flow& flow, UInt moduleId, SUBSCRIBE_RANGE range,
                                       const QStringList& types)
 {
-    QVector<const FlowModule*> offering;
+    QVector<std::pair<UInt, FlowOutput>> offering;
     for (const FlowModule& module : flow.modules()) {
         const bool isCurrent = module.id == moduleId;
-        if (includes(range, isCurrent ? CurModule : PreModules) &&
-            isOffered({{}, {}, {}, {}, {}, module.outputs}, types)) {
-            offering << &module;
+        const FlowOutput group = {module.name, {}, {}, {}, {}, module.outputs};
+        if ((range & (isCurrent ? CurModule : PreModules)) != 0 && isOffered(group, types)) {
+            offering << std::pair(module.id, group);
         }
         if (isCurrent) {
             break;
@@ -65,10 +60,8 @@ SUBSCRIBE_TREE__ SubscribeTree::build(const Flow& flow, UInt moduleId, SUBSCRIBE
     SUBSCRIBE_TREE__ tree;
     tree.CreateList(static_cast<UInt>(offering.size()));
     SUBSCRIBE_NODE__* node = tree.Items();
-    for (const FlowModule* const module : qAsConst(offering)) {
-        node->ModuleID = module->id;
-        FillText(node->NodeName, module->name.toUtf8().constData());
-        fill(*node++, module->id, module->outputs, types);
+    for (const auto& [id, group] : qAsConst(offering)) {
+        fill(*node++, id, group, types);
     }
     return tree;
 }
