@@ -223,7 +223,7 @@ bool CsvReader::parseRow()
             ++begin;
             bool isDoubled = false;
             for (end = begin;; end += 2) {
-                end = std::find(end, const_cast<const char*>(m_end), '"');
+                end = std::find(end, m_end, '"');
                 if (needsMore(end)) {
                     return false;
                 }
@@ -271,7 +271,7 @@ bool CsvReader::parseRow()
         isLast = *at == '\n';
         m_row.emplace_back(begin, end - begin);
     }
-    m_begin = std::min(m_begin + (at - m_begin), m_end);
+    m_begin = std::min(at, m_end);
     m_nextLine = nextLine + 1;
     return true;
 }
@@ -302,7 +302,7 @@ void CsvReader::fill()
     m_isLastBlock = size == 0;
     m_begin = m_buffer.data();
     m_end = m_begin + kept + size;
-    *m_end = '\n';
+    m_buffer[kept + static_cast<std::size_t>(size)] = '\n';
     m_searched = m_begin;
     m_found = ByteSearch::find(m_searched, m_separator, '\n');
 }

@@ -64,8 +64,8 @@ private:
     /// Rows not yet read lie from m_begin to m_end, where a line feed stops every search; further bytes let a
     /// search look beyond.
     std::vector<char> m_buffer;
-    char* m_begin = nullptr;
-    char* m_end = nullptr;
+    const char* m_begin = nullptr;
+    const char* m_end = nullptr;
     bool m_isLastBlock = false;
     /// Where separators and line feeds not yet passed are, from m_searched on.
     const char* m_searched = nullptr;

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <utility>
 
 using namespace ZelCore;
 
@@ -78,20 +79,17 @@ Judgement::Judgement(const ModuleConfiguration& configuration, bool hasTable)
     for (const ModuleBinding& binding : configuration.bindings) {
         bindings.insert({binding.target.Type, binding.target.Key}, &binding);
     }
-    const auto add = [&](OperandKind kind, const Operand& operand) {
-        m_operands.push_back(operand);
-        QString& problem = m_operands.back().problem;
-        if (!problem.isEmpty()) {
-            problem = named(kind, problem);
+    const auto add = [&](OperandKind kind, Operand operand) {
+        if (!operand.problem.isEmpty()) {
+            operand.problem = named(kind, operand.problem);
         }
+        m_operands.push_back(std::move(operand));
     };
     const auto addBound = [&](OperandKind kind, double constant, const QString& sourceKey,
                               const QString& bindingKey) {
-        Operand operand;
-        operand.constant = constant;
         add(kind, IfConfiguration::isSubscribed(configuration, sourceKey)
                       ? resolved(bindings.value({SUBSCRIBE_TYPE_RUNPARAM, bindingKey}), hasTable)
-                      : operand);
+                      : Operand{constant, {}, {}});
     };
     const auto stored = StoredCondition::fromStored(IfConfiguration::conditionList(configuration));
     for (const StoredCondition& condition : stored) {

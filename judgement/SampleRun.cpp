@@ -50,17 +50,10 @@ void SampleRun::judge()
     m_okRows += m_isOk ? 1 : 0;
     int condition = 0;
     for (ConditionTotals& totals : m_totals) {
-        switch (m_judgement.outcome(condition)) {
-        case Judgement::Outcome::In:
-            ++totals.in;
-            break;
-        case Judgement::Outcome::Out:
-            ++totals.out;
-            break;
-        case Judgement::Outcome::NoValue:
-            ++totals.noValue;
-            break;
-        }
+        const Judgement::Outcome outcome = m_judgement.outcome(condition);
+        ++(outcome == Judgement::Outcome::In    ? totals.in
+           : outcome == Judgement::Outcome::Out ? totals.out
+                                                : totals.noValue);
         const double value = m_judgement.number(condition, Judgement::Value);
         if (!std::isnan(value)) {
             totals.values.add(value);
