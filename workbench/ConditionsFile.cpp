@@ -246,14 +246,17 @@ bool ConditionsFile::apply(const ModuleConfiguration& target, EmbeddedCore& core
                            QString* error)
 {
     const auto before = core.configuration(moduleId, error);
+    if (!before) {
+        return false;
+    }
     const auto changeTo = [&](const ModuleConfiguration& configuration, QString* problem) {
         return attempt(problem, [&] {
             change(core, moduleId, configuration);
             return true;
         });
     };
-    if (!before || changeTo(target, error)) {
-        return before.has_value();
+    if (changeTo(target, error)) {
+        return true;
     }
     QString problem;
     if (!changeTo(*before, &problem)) {
