@@ -4,8 +4,7 @@
 
 class QDoubleSpinBox;
 
-/// Takes in a bound's spin box what the box itself takes, and a comma as a decimal point: the field shows the
-/// point at once.
+/// Accepts what a bound's spin box accepts, and replaces a comma by a decimal point as it is typed.
 class BoundValidator : public QValidator
 {
     Q_OBJECT

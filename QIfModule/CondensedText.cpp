@@ -48,7 +48,7 @@ CondensedText::CondensedText(const QDoubleSpinBox& spinBox, QLineEdit* field)
 bool CondensedText::eventFilter(QObject* watched, QEvent* event)
 {
     const QEvent::Type type = event->type();
-    // A name's font is its sheet's.
+    // The font of a name is set by its sheet.
     if (type == QEvent::Resize || type == QEvent::Show || (type == QEvent::FontChange && m_ediBound)) {
         fit();
     } else if (type == QEvent::Paint && m_ediBound && !m_ediBound->hasFocus() && isCut(m_ediBound->font())) {
@@ -72,7 +72,7 @@ bool CondensedText::isCut(const QFont& font) const
 void CondensedText::fit()
 {
     if (!m_pWidget->isVisible()) {
-        return; // without its place and its sheet yet
+        return; // not laid out and polished yet
     }
     QFont font = m_pWidget->font();
     font.setStretch(QFont::Unstretched);
@@ -81,7 +81,7 @@ void CondensedText::fit()
     int stretch = QFont::Unstretched;
     if (const int wanted = qMax(1, width()); wanted > room) {
         stretch = qMax<int>(QFont::UltraCondensed, QFont::Unstretched * room / wanted);
-        // Characters have whole widths, so that their sum may still be too large.
+        // Character widths are rounded; their sum may still be too large.
         for (font.setStretch(stretch); width() > room && stretch > QFont::UltraCondensed;
              font.setStretch(stretch)) {
             --stretch;

@@ -4,7 +4,7 @@
 
 class QWidget;
 
-/// Leaves the wheel to a spin box or combo only while that has the focus; otherwise the list around it
+/// Passes wheel events to a spin box or combo only while it has the focus; otherwise the list around it
 /// scrolls.
 class FocusedWheel : public QObject
 {

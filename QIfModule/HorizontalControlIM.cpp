@@ -19,7 +19,7 @@ using namespace ZelCore;
 
 namespace {
 
-// What the user typed is no markup.
+// Text of the user is no markup.
 QString toolTipOf(const QString& text)
 {
     return Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text) : text;
@@ -51,7 +51,7 @@ HorizontalControlIM::~HorizontalControlIM()
     for (QWidget* const widget : std::initializer_list<QWidget*>{&m_labName, &m_ediNote, &m_bsvButtonSelecter,
                                                                  m_prscpRangeSelect, &m_btnDelete}) {
         if (widget) {
-            // Hiding takes the focus away, which ends an edit; that edit goes with the row.
+            // Hiding moves the focus, which finishes an edit; that of a deleted row is not stored.
             widget->disconnect(this);
             widget->hide();
         }

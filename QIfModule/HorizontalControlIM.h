@@ -15,8 +15,8 @@
 /// One condition of the panel as one line of widgets: name, note, the selector of the value under test,
 /// the valid-range strip and a delete button.
 ///
-/// The row is a layout. It keeps its widgets itself and gives them to the panel for showing; whoever
-/// takes the row out of its list deletes it. A name without "int" and "float" has no strip: its bounds
+/// The row is a layout. It owns its widgets; the panel shows them. Who takes the row out of its list
+/// deletes it. A name without "int" and "float" has no strip: its bounds
 /// read 0.
 class HorizontalControlIM : public QHBoxLayout
 {
@@ -57,7 +57,7 @@ public:
     {
         set("SetCurrentMinD min", &RangeSelectControlIM::SetCurrentMinD, value);
     }
-    // Readers of the log know this line under the minimum's name.
+    // Programs that read the log expect the minimum's name in this line.
     void SetCurrentMaxD(double value)
     {
         set("SetCurrentMinD max", &RangeSelectControlIM::SetCurrentMaxD, value);

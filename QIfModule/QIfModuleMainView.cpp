@@ -52,12 +52,12 @@ QIfModuleMainView::QIfModuleMainView(int moduleId, QWidget* parent)
     InitUI();
     InitConnect();
     InitInstallFilter();
-    static_cast<void>(form.release()); // the destructor's from here on
+    static_cast<void>(form.release()); // deleted by the destructor from here on
 }
 
 QIfModuleMainView::~QIfModuleMainView()
 {
-    // The rows go with the layouts, after this object, and emit signals while they do.
+    // The layouts delete the rows after this destructor; rows emit signals then.
     disconnectRows();
     m_qsName.clear();
     delete ui;
@@ -257,7 +257,7 @@ void QIfModuleMainView::on_btn_add_clicked()
         m_qsName = ConditionName::lowestFree(type, names);
     }
 
-    // In the list before anything can fail: the registry must not refer to a row that nobody owns.
+    // In the list before anything can fail: the registry must not refer to a row without an owner.
     appendRow(m_qsName, createRow(m_qsName));
     qDebug("m_mapIMHorControls info start.");
     const QStringList registered = registeredNames();
@@ -348,7 +348,7 @@ void QIfModuleMainView::appendRow(const QString& name, std::unique_ptr<Horizonta
         ui->verL_infoList->addLayout(row.release(), 0);
     }
     {
-        // Shown here, with one layout at the end: Qt would show and lay out widget by widget later.
+        // Shown and laid out at once; Qt would do it later, widget by widget.
         ui->gridLayout_9->setEnabled(false);
         const auto enable = qScopeGuard([this] { ui->gridLayout_9->setEnabled(true); });
         appended->showInList();
@@ -379,7 +379,7 @@ QList<ConditionRecord> QIfModuleMainView::shownConditions() const
     return conditions;
 }
 
-// The notes that cost conditions, or are cut themselves, carry a sign that says so.
+// Marks the notes that make the stored list lose text.
 void QIfModuleMainView::showLosses()
 {
     const QList<HorizontalControlIM*> all = rows();
@@ -435,7 +435,7 @@ QStringList QIfModuleMainView::registeredNames() const
 
 void QIfModuleMainView::removeAllRows()
 {
-    // A row that loses the focus while it goes must not store half a list.
+    // A row that loses the focus while it is deleted must not store an incomplete list.
     disconnectRows();
     m_mapIMHorControls.clear();
     while (const std::unique_ptr<QLayoutItem> item{ui->verL_infoList->takeAt(0)}) {

@@ -79,8 +79,8 @@ RangeSelectControlIM::~RangeSelectControlIM()
     m_qmlRangeSlider.removeEventFilter(this);
     for (QLineEdit* const edit : {m_pEdiMinPullBar, m_pEdiMaxPullBar}) {
         if (edit) {
-            // Qt keeps what it worked out of the sheets for a field inside a spin box, and forgets it with
-            // the field only when the field has a sheet of its own: every showing would cost memory.
+            // Qt caches style data for the field inside a spin box, and releases it with the field only if
+            // the field has a sheet of its own.
             edit->setStyleSheet(QStringLiteral(" "));
         }
     }
@@ -205,7 +205,7 @@ void RangeSelectControlIM::InstallEventFilter()
             edit->setValidator(new BoundValidator(spinBox, edit));
             new CondensedText(spinBox, edit);
             edit->installEventFilter(this);
-            // As a line edit's, for edits that are not finished; those by the arrows too.
+            // Like QLineEdit::modified, for unfinished edits, also those by the arrows.
             const auto setModified = [&spinBox] { spinBox.setProperty("modified", spinBox.hasFocus()); };
             connect(edit, &QLineEdit::textEdited, &spinBox, setModified);
             connect(&spinBox, QOverload<double>::of(&QDoubleSpinBox::valueChanged), &spinBox, setModified);
@@ -241,7 +241,7 @@ bool RangeSelectControlIM::eventFilter(QObject* watched, QEvent* event)
     }
     if (watched == &m_qmlRangeSlider && type == QEvent::WindowDeactivate) {
         const QWidget* const focus = QApplication::focusWidget();
-        // Hiding the active slider in onFocusOut() deactivates it, at once or later: that close is done.
+        // onFocusOut() hides the slider, which deactivates it at once or later; it must not run twice.
         const bool isDone = m_bIsSliderClosed && m_qmlRangeSlider.isHidden();
         if (focus != &m_spbMinPullBar && focus != &m_spbMaxPullBar && !isDone) {
             onFocusOut();
@@ -406,8 +406,7 @@ void RangeSelectControlIM::onBtnMaxSwitch()
 
 void RangeSelectControlIM::switchSource(const Bound& bound, const QString& failureText)
 {
-    // Asked of the selector, which is hidden by hand: the spin box also counts as invisible while the
-    // panel is.
+    // Not by the spin box, which is also invisible while the panel is; the selector is hidden explicitly.
     const bool isConstant = bound.selecter.isHidden();
     if (isConstant) {
         showSubscription(bound);

@@ -5,10 +5,10 @@
 #include <QMap>
 #include <QStringList>
 
-/// What changes in a list of conditions by being stored and read back.
+/// How a list of conditions changes when it is stored and read back.
 ///
-/// The stored record has as many bytes as its text has UTF-16 units, so that text outside ASCII costs bytes
-/// at the end; and notes are not escaped.
+/// The stored record has as many bytes as its text has UTF-16 units, so that text outside ASCII cuts bytes
+/// off its end; and notes are not escaped.
 struct StoredLoss
 {
     explicit StoredLoss(const QList<ConditionRecord>& conditions);
@@ -19,6 +19,6 @@ struct StoredLoss
     QStringList names;
     /// The conditions that come back although they are not in the list: what follows a ";" in a note.
     QStringList addedNames;
-    /// The notes that come back shorter, as they do, by condition.
+    /// By condition, what comes back of notes that are cut.
     QMap<QString, QString> cutNotes;
 };

@@ -1,5 +1,5 @@
 # Where things are installed. Debian's folder for libraries is one of the architecture, cross-built too;
-# the plug-in, which nobody links, has a folder of its own in it.
+# the plug-in, which is not linked, has a folder of its own in it.
 
 if(CMAKE_LIBRARY_ARCHITECTURE)
     set(CMAKE_INSTALL_LIBDIR lib/${CMAKE_LIBRARY_ARCHITECTURE} CACHE PATH "Folder of libraries")

@@ -26,7 +26,7 @@ if(QIFMODULE_PLATFORM_DIR)
     set(CPACK_COMPONENTS_ALL plugin)
 endif()
 
-# Whatever else provides the platform takes the place of the stand-in.
+# Any other package that provides the platform replaces the stand-in.
 set(CPACK_DEBIAN_PLATFORM_PACKAGE_NAME qifmodule-platform)
 set(CPACK_COMPONENT_PLATFORM_DESCRIPTION "Stand-in for the platform that QIfModule runs on
  Container and controls, as a desktop host needs them; on the board the platform's own take their place.")

@@ -22,7 +22,7 @@ QString noNumber(const QString& text)
     return Judgement::tr("\"%1\" is no number").arg(text.left(longestShownText));
 }
 
-// In front of a problem: what has it.
+// A problem of a bound with the bound's kind in front.
 QString named(Judgement::OperandKind kind, const QString& problem)
 {
     return kind == Judgement::Value

@@ -11,7 +11,7 @@
 #include <vector>
 
 /// A module's judgement on sample values, row by row, and the totals so far; its memory does not grow with
-/// the rows. Whoever drives it stops by asking for no further row.
+/// the rows. To stop it, ask for no further row.
 class SampleRun
 {
     Q_DECLARE_TR_FUNCTIONS(SampleRun)

@@ -1,6 +1,6 @@
 #!/bin/sh
 # Prints each figure and its floor: the same work done by plain Qt code. Fails when a bound
-# is exceeded. Takes a few minutes, on a machine that does nothing else.
+# is exceeded. Takes about a minute, once built; the machine must be idle.
 set -eu
 
 cd "$(dirname "$0")/.."

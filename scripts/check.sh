@@ -1,5 +1,5 @@
 #!/bin/sh
-# Checks what a program can check of the sources: format, white space, scripts, clang-tidy.
+# Checks the sources: format, white space, scripts, clang-tidy.
 set -eu
 
 cd "$(dirname "$0")/.."
@@ -19,5 +19,5 @@ tidy() {
         { grep -vE '^[0-9]+ warnings? generated' build/tidy.log >&2; exit 1; }
 }
 tidy '' '*.cpp' ':!tests' ':!bench'
-# The sanitizers find in a test what the analyzer would.
+# For tests the sanitizers replace the analyzer.
 tidy '-clang-analyzer-*' 'tests/*.cpp' ':!tests/installed'

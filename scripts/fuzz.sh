@@ -13,7 +13,7 @@ export QT_QPA_PLATFORM=offscreen LC_ALL=C.UTF-8
 export LSAN_OPTIONS="suppressions=$PWD/tests/lsan.supp:print_suppressions=0"
 for subject in conditions flow csv; do
     mkdir "$corpora/$subject"
-    # Qt's JSON parser leaks where a file breaks off; the sanitizer looks at the exit, too.
+    # Qt's JSON parser leaks on a file that breaks off; the sanitizer also checks at exit.
     leaks=1
     [ "$subject" != flow ] || leaks=0
     log=build/fuzz/$subject.log

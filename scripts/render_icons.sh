@@ -1,9 +1,10 @@
 #!/bin/sh
 # Renders the drawings of the plug-in and of the workbench to the PNG files of the tree.
-# A drawing carries its normal colour; its hover state is the same drawing in the accent colour.
+# A drawing has its normal colour; its hover state is the same drawing in the accent colour.
 set -eu
 
 cd "$(dirname "$0")/.."
+scripts/setup.sh pictures
 drawings=QIfModule/img_im/svg
 images=QIfModule/img_im/ImageResource
 workbench_icon=workbench/icons/if-workbench

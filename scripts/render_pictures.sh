@@ -4,8 +4,7 @@
 set -eu
 
 cd "$(dirname "$0")/.."
-scripts/setup.sh test
-dpkg-query -W imagemagick >/dev/null 2>&1 || apt-get install -qq -y --no-install-recommends imagemagick >/dev/null
+scripts/setup.sh pictures
 scripts/build.sh release
 
 work=$(mktemp -d)

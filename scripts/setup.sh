@@ -1,5 +1,5 @@
 #!/bin/sh
-# Installs what is missing for one or more purposes: setup.sh run | test | bench | check | board ...
+# Installs what is missing for one or more purposes: setup.sh run | test | bench | check | board | pictures ...
 # Needs root and the network only when something is missing.
 set -eu
 
@@ -7,6 +7,7 @@ run='g++ cmake ninja-build qtbase5-dev qtdeclarative5-dev qttools5-dev qttools5-
      qml-module-qtquick2 qttranslations5-l10n fonts-dejavu-core fonts-wqy-microhei'
 test="$run strace xvfb xauth xdotool openbox"
 bench="$run mawk python3"
+pictures="$test imagemagick librsvg2-bin"
 check="$run valgrind clang clang-format clang-tidy libclang-rt-14-dev shellcheck"
 # The board's libraries are installed in addition to those of this machine; its compiler and tools run on this machine.
 board='g++-aarch64-linux-gnu qemu-user-static debootstrap dpkg-dev file
@@ -21,7 +22,8 @@ for purpose in "$@"; do
         bench) packages="$packages $bench" ;;
         check) packages="$packages $check" ;;
         board) packages="$packages $board" ;;
-        *) echo "usage: setup.sh run | test | bench | check | board ..." >&2; exit 2 ;;
+        pictures) packages="$packages $pictures" ;;
+        *) echo "usage: setup.sh run | test | bench | check | board | pictures ..." >&2; exit 2 ;;
     esac
 done
 

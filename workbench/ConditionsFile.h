@@ -12,7 +12,7 @@ class Flow;
 /// The conditions of an If module as a JSON file, for review, version control and set-up without the panel:
 /// names, notes, inputs, bounds and mode. docs/formats.md describes it.
 ///
-/// All functions return false or nothing, and a sentence in error that names file and place, when they fail.
+/// Functions that fail return false or nothing, and a sentence in error.
 namespace ConditionsFile {
 
 /// What write() writes.
@@ -20,8 +20,8 @@ QByteArray textOf(const ModuleConfiguration& configuration);
 
 bool write(const QString& file, const ModuleConfiguration& configuration, QString* error);
 
-/// What an If module of the flow is configured as by the file alone; the core's checks are passed. Needs no
-/// store, but a temporary folder.
+/// The configuration that the file gives an If module of the flow, checked by the core. Needs a temporary
+/// folder, but no store.
 std::optional<ModuleConfiguration> read(const QString& file, const Flow& flow, ZelCore::UInt moduleId,
                                         QString* error);
 

@@ -17,7 +17,7 @@ public:
 
     const Flow& flow() const { return m_core->flow(); }
     EmbeddedCore& core() { return *m_core; }
-    /// What the panels talk to.
+    /// The service of the panels.
     CommandTap& tap() { return m_tap; }
     FaultInjector& faults() { return m_faults; }
     QString flowFile() const { return m_flowFile; }

@@ -15,7 +15,7 @@ namespace {
 
 constexpr int bufferSize = 1 << 16;
 
-/// On standard error, while a run takes long and a person watches.
+/// The progress of a long run, on standard error.
 class ProgressLine
 {
 public:

@@ -4,8 +4,8 @@
 
 #include <QHash>
 
-/// What was stored for the modules before each change since the flow was opened, and the way back. A panel
-/// that is visible meanwhile does not notice.
+/// Undoes changes of what is stored for the modules since the flow was opened. A visible panel is not
+/// updated.
 class UndoHistory : public QObject
 {
     Q_OBJECT

@@ -32,7 +32,7 @@ bool Workbench::open(const QString& flowFile, QString* error)
     const QString storeFile = m_options.storeFile(flowFile, flow->name());
 
     if (m_session && QFileInfo(m_session->storeFile()) == QFileInfo(storeFile)) {
-        // A store has one owner: the present one gives it up only to a store that can be read.
+        // A store has one owner; the present one is closed only if the store can be read.
         if (!EmbeddedCore::openReadOnly(*flow, storeFile, error)) {
             return false;
         }

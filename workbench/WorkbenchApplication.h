@@ -27,12 +27,12 @@ public:
     static QString fileToSave(QWidget* parent, const QString& title, const QString& name,
                               const QString& filter);
 
-    /// Tells why the program can't go on: in a box, or on standard error where nobody would see one.
+    /// Reports why the program can't go on: in a box, or on standard error where windows are not seen.
     static void tellError(const QString& text);
 
 private:
     void showException(const QString& text);
 
-    // One for all: what fails may fail at every event.
+    // One box for all failures, which may come with every event.
     QPointer<QMessageBox> m_box;
 };

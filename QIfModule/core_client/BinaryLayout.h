@@ -10,8 +10,8 @@
 #include <functional>
 
 // The binary contract: layouts and values that plug-in and core share across the library boundary, the same
-// on every 64-bit platform with the Itanium C++ ABI. Whoever includes the client checks them when it is
-// compiled; offsets and size together fix the width of every field.
+// on every 64-bit platform with the Itanium C++ ABI. They are checked wherever the client is included;
+// offsets and size together fix the width of every field.
 namespace ZelCore::BinaryLayout {
 
 // offsetof is used on types with a virtual pointer; GCC and Clang define it for single inheritance.

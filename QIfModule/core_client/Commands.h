@@ -19,7 +19,7 @@ inline const char* CheckedUIDataText(const char* text, const char* argument)
                                   argument);
 }
 
-/// A copy of length bytes in a new array, which the caller owns; for 0 an empty array that nobody frees.
+/// A copy of length bytes in a new array, which the caller owns; for 0 an empty array that is not freed.
 inline char* CopyOfData(const char* data, const UInt& length)
 {
     static char empty[1] = {};

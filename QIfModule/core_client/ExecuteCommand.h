@@ -21,7 +21,7 @@ inline bool IsSuccess(const CommandResult& result)
     return result.Status == Success;
 }
 
-/// The one failure log: text, the core's message and an end, as one debug line.
+/// Logs a failure as one debug line: text, the core's message and an end.
 inline void LogFailure(const QString& text, const CommandResult& result, const QString& end = {})
 {
     qDebug().noquote().nospace() << text << ToQString(TextOf(result.Message)) << end;

@@ -56,7 +56,7 @@ public:
         if (const auto* const remove = dynamic_cast<DeleteUIDataCommand*>(&command)) {
             return m_uiData.remove(remove->ParamName) != 0 ? Success : NothingChanged;
         }
-        // The IOs are for whoever runs the flow, an empty menu is an answer, and "not bound" can be chosen.
+        // IOs concern programs that run the flow; an empty menu is an answer; "not bound" can be chosen.
         const bool isDone = dynamic_cast<AddIOCommand*>(&command) ||
                             dynamic_cast<SubscribeTreeQuery*>(&command) ||
                             dynamic_cast<SetFilterSourceCommand*>(&command);
@@ -83,7 +83,7 @@ private:
     ServiceRegistration m_registration{*this};
 };
 
-/// Ends what leaves a panel's slots: the plug-in catches no exception.
+/// Catches what a panel's slots throw: the plug-in catches no exception.
 class Application : public QApplication
 {
 public:
@@ -121,7 +121,7 @@ int main(int argc, char** argv)
 
     MemoryCore core; // outlives the panel
     QWidget window;
-    auto* const page = new QFrame; // with the window, the two levels that a panel wants above it
+    auto* const page = new QFrame; // with the window, the two levels above a panel
     (new QVBoxLayout(&window))->addWidget(page);
     QWidget* panel = nullptr;
     if (!create(7, page, &panel)) {

@@ -61,7 +61,7 @@ int ButtonSelecterView::GetFilterSourceOperation4IO(int moduleId, ENUM_IO_SUBSCR
         info = command.SubscribeName;
         m_missing = command.SourceIsMissing ? info : QString();
     } else {
-        // A choice that was refused must not stay.
+        // The field must not show a choice that was refused.
         SetEdiSubscribeText(QString());
     }
     return answerTo(result);
@@ -73,7 +73,7 @@ int ButtonSelecterView::DelFilterSourceOperation4IO(int moduleId, ENUM_IO_SUBSCR
     const CommandResult result = ExecuteCommand(command);
     if (IsSuccess(result) || result.Status == NothingChanged) {
         m_isUnread = false;
-        // A value that is bound no longer must not look as if it were.
+        // The field must not show a binding that was removed.
         SetEdiSubscribeText(QString());
     }
     return answerTo(result);
@@ -107,7 +107,7 @@ void ButtonSelecterView::openMenu()
     emit sigQuerySubscribeMenuInfo(QString());
     if (!m_popup) {
         m_popup = new SubscribeMenuPopup(this);
-        // Queued: who answers a choice may destroy this widget, but not from within the pop-up's events.
+        // Queued: a receiver may destroy this widget, which must not happen in the pop-up's event handlers.
         connect(m_popup, &SubscribeMenuPopup::chosen, this, &ButtonSelecterView::choose,
                 Qt::QueuedConnection);
     }

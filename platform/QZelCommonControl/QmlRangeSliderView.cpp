@@ -189,7 +189,7 @@ void QmlRangeSliderView::leave()
 {
     const QPointer<QmlRangeSliderView> self = this;
     if (!isActiveWindow()) {
-        // For the moment no field has the focus. None may notice: it would finish its edit.
+        // No field has the focus during this event. Its focus events are filtered: FocusOut finishes an edit.
         QWidget* const focus = QApplication::focusWidget();
         if (focus && m_fields && m_fields->isAncestorOf(focus)) {
             m_leftField = focus;

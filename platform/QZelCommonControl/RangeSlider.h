@@ -2,7 +2,7 @@
 
 #include <QWidget>
 
-/// A slider of bare widgets. Clients construct it and never show it: QmlRangeSliderView took its place.
+/// A slider of plain widgets. Clients construct it and never show it; they show QmlRangeSliderView.
 class Q_DECL_EXPORT RangeSlider : public QWidget
 {
     Q_OBJECT

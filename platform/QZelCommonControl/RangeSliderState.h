@@ -8,7 +8,7 @@
 #include <optional>
 #include <utility>
 
-/// The two handles of a range slider and what a drag or a step does to them; without a picture.
+/// The two handles of a range slider and what a drag or a step does to them; no widget.
 ///
 /// The bounds are set as doubles. As soon as the user moves a handle both are whole numbers, lower <=
 /// upper: the other one is rounded to the nearest. Positions run from 0 to 1 along the slider.

@@ -62,7 +62,7 @@ void SubscribeMenuModel::setMenu(const QJsonArray& menu)
 
 void SubscribeMenuModel::setFilter(const QString& filter)
 {
-    // One reset, where a view would follow each row that comes or goes.
+    // One reset instead of signals for each row.
     setSourceModel(nullptr);
     m_words = filter.split(QLatin1Char(' '), Qt::SkipEmptyParts);
     setSourceModel(&m_items);

@@ -26,7 +26,7 @@ struct CommandEntry
     bool isWrong() const;
 };
 
-/// Stands between the clients and a core and reports each command that was executed. It does not put
+/// Passes commands to a core and reports each one that was executed. It does not put
 /// commands in words: time and text of an entry are left to the receivers.
 class CommandTap : public QObject, public ZelCore::SynchronousService
 {

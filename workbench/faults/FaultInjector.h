@@ -7,7 +7,7 @@
 
 #include <functional>
 
-/// Stands before a core and answers in its place where a fault strikes.
+/// Passes commands to a core, or answers in its place where a fault strikes.
 class FaultInjector : public QObject, public ZelCore::SynchronousService
 {
     Q_OBJECT
