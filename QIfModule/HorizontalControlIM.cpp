@@ -90,7 +90,7 @@ void HorizontalControlIM::InitUI()
     const QString name = m_labName.text();
     const ConditionName::Type type = ConditionName::typeOf(name);
     if (type != ConditionName::Type::None) {
-        const int limit = type == ConditionName::Type::Int ? 999999999 : 100000;
+        const int limit = ConditionName::largestBound(type);
         m_prscpRangeSelect = new RangeSelectControlIM(m_iModuId, -limit, limit, name, m_horlcParent);
         addWidget(m_prscpRangeSelect);
     }

@@ -52,8 +52,8 @@ void bind(ModuleConfiguration* configuration, ENUM_IO_SUBSCRIBE_TYPE_ type, cons
     }
 }
 
-double readBound(ModuleConfiguration* configuration, JsonNode bound, bool isFloat, const QString& bindingKey,
-                 const QString& boundSourceKey)
+double readBound(ModuleConfiguration* configuration, JsonNode bound, const QString& name,
+                 const QString& bindingKey, const QString& boundSourceKey)
 {
     if (bound.value.isObject()) {
         bound.expectObject({"constant", "source"});
@@ -62,7 +62,8 @@ double readBound(ModuleConfiguration* configuration, JsonNode bound, bool isFloa
             QByteArray(ModuleParameter::subscribedBound, sizeof(ModuleParameter::subscribedBound));
         bound = bound.member("constant");
     }
-    constexpr int limit = 999999999; // of the fields in the panel
+    const int limit = ConditionName::largestBound(ConditionName::typeOf(name));
+    const bool isFloat = ConditionName::isWrittenAsFloat(name);
     const double number = bound.value.toDouble();
     bound.expect(bound.value.isDouble() && std::abs(number) <= limit,
                  Texts::tr("a number from -%1 to %1").arg(limit));
@@ -94,10 +95,9 @@ ConditionRecord readCondition(ModuleConfiguration* configuration, const JsonNode
         configuration->ios << added;
     }
     bind(configuration, SUBSCRIBE_TYPE_IO, input, condition.member("input").optionalText());
-    const bool isFloat = isWrittenAsFloat(record.name);
-    record.minimum = readBound(configuration, condition.member("minimum"), isFloat,
+    record.minimum = readBound(configuration, condition.member("minimum"), record.name,
                                lowerBoundKey(record.name), lowerBoundSourceKey(record.name));
-    record.maximum = readBound(configuration, condition.member("maximum"), isFloat,
+    record.maximum = readBound(configuration, condition.member("maximum"), record.name,
                                upperBoundKey(record.name), upperBoundSourceKey(record.name));
     return record;
 }

@@ -28,6 +28,11 @@ QString typeWord(Type type)
     return type == Type::Int ? intWord : type == Type::Float ? floatWord : QString();
 }
 
+int largestBound(Type type)
+{
+    return type == Type::Int ? 999999999 : 100000;
+}
+
 bool isWrittenAsFloat(const QString& name)
 {
     return name.contains(floatWord);

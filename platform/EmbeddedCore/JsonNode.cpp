@@ -10,7 +10,8 @@
 JsonNode JsonNode::ofFile(const QString& file)
 {
     QFile source(file);
-    require(source.open(QIODevice::ReadOnly), source.errorString());
+    const bool isOpen = source.open(QIODevice::ReadOnly);
+    require(isOpen, source.errorString());
     const QByteArray json = source.readAll();
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(json, &error);
@@ -19,7 +20,7 @@ JsonNode JsonNode::ofFile(const QString& file)
         const QByteArray before = json.left(qMax(error.offset - 1, 0));
         const int column = before.size() - before.lastIndexOf('\n');
         JsonNode{{}, tr("line %1, column %2").arg(before.count('\n') + 1).arg(column)}.expect(
-            false, tr("JSON (%1 at byte %2)").arg(error.errorString()).arg(error.offset));
+            false, tr("JSON (%1)").arg(error.errorString()));
     }
     return {document.isObject() ? QJsonValue(document.object()) : QJsonValue(document.array()), {}};
 }

@@ -152,7 +152,8 @@ void Store::open()
 {
     m_database.setDatabaseName(m_file.url());
     m_database.setConnectOptions("QSQLITE_OPEN_URI");
-    require(m_database.open(),
+    const bool isOpen = m_database.open();
+    require(isOpen,
             tr("the store %1 can't be opened: %2").arg(file(), m_database.lastError().databaseText()));
     setPatience(patience);
 }

@@ -32,7 +32,7 @@ public:
 
     /// No value of more bytes is read or written, and no more rows of one module are read at once.
     static constexpr int longestValue = 1 << 20;
-    static constexpr int mostRows = 100'000;
+    static constexpr int mostRows = 100000;
 
     /// Opens or makes the file for editing, and gives every module of the flow that is new to it its first
     /// values.

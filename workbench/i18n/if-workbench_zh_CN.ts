@@ -113,64 +113,36 @@
 <context>
     <name>ConditionsFile</name>
     <message>
-        <source>expected an object</source>
-        <translation>应为一个对象</translation>
-    </message>
-    <message>
-        <source>unknown key &quot;%1&quot;</source>
-        <translation>未知的键“%1”</translation>
-    </message>
-    <message>
-        <source>expected a text</source>
-        <translation>应为文本</translation>
-    </message>
-    <message>
-        <source>expected a number from -%1 to %1</source>
-        <translation>应为 -%1 到 %1 之间的数</translation>
-    </message>
-    <message>
-        <source>at most three decimals can be stored</source>
-        <translation>最多可存储三位小数</translation>
-    </message>
-    <message>
-        <source>expected a whole number</source>
-        <translation>应为整数</translation>
-    </message>
-    <message>
-        <source>expected &quot;int&quot; or &quot;float&quot; and a number</source>
-        <translation>应为“int”或“float”加一个编号</translation>
-    </message>
-    <message>
-        <source>a note can&apos;t hold &apos;:&apos;, &apos;;&apos; or control characters</source>
-        <translation>备注不能包含“:”、“;”或控制字符</translation>
-    </message>
-    <message>
-        <source>byte %1</source>
-        <translation>第 %1 字节</translation>
-    </message>
-    <message>
-        <source>the file</source>
-        <translation>文件</translation>
-    </message>
-    <message>
-        <source>expected %1</source>
-        <translation>应为 %1</translation>
-    </message>
-    <message>
-        <source>expected &quot;all&quot; or &quot;any&quot;</source>
-        <translation>应为“all”或“any”</translation>
-    </message>
-    <message>
-        <source>expected a list</source>
-        <translation>应为列表</translation>
-    </message>
-    <message>
         <source>%1 is there twice</source>
         <translation>%1 出现了两次</translation>
     </message>
     <message>
         <source>%1; what was changed before can&apos;t be undone: %2</source>
         <translation>%1；此前的更改无法撤销：%2</translation>
+    </message>
+    <message>
+        <source>a number from -%1 to %1</source>
+        <translation>-%1 到 %1 之间的数</translation>
+    </message>
+    <message>
+        <source>at most three decimals</source>
+        <translation>最多三位小数</translation>
+    </message>
+    <message>
+        <source>a whole number</source>
+        <translation>整数</translation>
+    </message>
+    <message>
+        <source>&quot;int&quot; or &quot;float&quot; and a number</source>
+        <translation>“int”或“float”加一个编号</translation>
+    </message>
+    <message>
+        <source>a note without &apos;:&apos;, &apos;;&apos; and control characters</source>
+        <translation>不含“:”、“;”和控制字符的备注</translation>
+    </message>
+    <message>
+        <source>&quot;all&quot; or &quot;any&quot;</source>
+        <translation>“all”或“any”</translation>
     </message>
 </context>
 <context>
@@ -368,22 +340,6 @@
 <context>
     <name>Flow</name>
     <message>
-        <source>%1: expected %2</source>
-        <translation>%1：应为%2</translation>
-    </message>
-    <message>
-        <source>an object</source>
-        <translation>对象</translation>
-    </message>
-    <message>
-        <source>a list</source>
-        <translation>列表</translation>
-    </message>
-    <message>
-        <source>a text that is not empty</source>
-        <translation>非空文本</translation>
-    </message>
-    <message>
         <source>at most %1 bytes of UTF-8</source>
         <translation>最多 %1 字节的 UTF-8</translation>
     </message>
@@ -410,26 +366,6 @@
     <message>
         <source>a whole number from 1 to 2147483647 that no other module has</source>
         <translation>1 到 2147483647 之间且其他模块未用的整数</translation>
-    </message>
-    <message>
-        <source>line %1, column %2</source>
-        <translation>第 %1 行第 %2 列</translation>
-    </message>
-    <message>
-        <source>JSON (%1)</source>
-        <translation>JSON（%1）</translation>
-    </message>
-    <message>
-        <source>the whole file</source>
-        <translation>整个文件</translation>
-    </message>
-    <message>
-        <source>%1: %2</source>
-        <translation>%1：%2</translation>
-    </message>
-    <message>
-        <source>%1: unknown key &quot;%2&quot;, expected %3</source>
-        <translation>%1：未知的键“%2”，应为 %3</translation>
     </message>
 </context>
 <context>
@@ -495,6 +431,49 @@
     <message>
         <source>Mode: %1. Stored list, bytes: %2</source>
         <translation>模式：%1。已存列表，字节数：%2</translation>
+    </message>
+</context>
+<context>
+    <name>JsonNode</name>
+    <message>
+        <source>line %1, column %2</source>
+        <translation>第 %1 行第 %2 列</translation>
+    </message>
+    <message>
+        <source>JSON (%1)</source>
+        <translation>JSON（%1）</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1：%2</translation>
+    </message>
+    <message>
+        <source>the whole file</source>
+        <translation>整个文件</translation>
+    </message>
+    <message>
+        <source>expected %1</source>
+        <translation>应为 %1</translation>
+    </message>
+    <message>
+        <source>an object</source>
+        <translation>对象</translation>
+    </message>
+    <message>
+        <source>unknown key &quot;%1&quot;, expected %2</source>
+        <translation>未知的键“%1”，应为 %2</translation>
+    </message>
+    <message>
+        <source>a list</source>
+        <translation>列表</translation>
+    </message>
+    <message>
+        <source>a text that is not empty</source>
+        <translation>非空文本</translation>
+    </message>
+    <message>
+        <source>a text</source>
+        <translation>文本</translation>
     </message>
 </context>
 <context>
