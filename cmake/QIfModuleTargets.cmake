@@ -34,13 +34,20 @@ function(qif_add_library name kind)
     qif_configure_target(${name})
 endfunction()
 
-# qif_include_folder(<target> <PUBLIC|INTERFACE> <folder>): its headers can be included as <name>/<header>,
-# and nothing outside the folder can.
+# qif_include_folder(<target> <PUBLIC|INTERFACE> <folder> [<headers>...]): its headers, or only these, can be
+# included as <name>/<header>, and nothing outside the folder can.
 function(qif_include_folder target scope folder)
     get_filename_component(name ${folder} NAME)
-    set(root ${PROJECT_BINARY_DIR}/include/${name})
-    file(MAKE_DIRECTORY ${root})
-    file(CREATE_LINK ${folder} ${root}/${name} SYMBOLIC)
+    set(root ${PROJECT_BINARY_DIR}/include/${target})
+    if(ARGN)
+        file(MAKE_DIRECTORY ${root}/${name})
+        foreach(header ${ARGN})
+            file(CREATE_LINK ${folder}/${header} ${root}/${name}/${header} SYMBOLIC)
+        endforeach()
+    else()
+        file(MAKE_DIRECTORY ${root})
+        file(CREATE_LINK ${folder} ${root}/${name} SYMBOLIC)
+    endif()
     target_include_directories(${target} ${scope} $<BUILD_INTERFACE:${root}>)
 endfunction()
 
@@ -54,7 +61,9 @@ endfunction()
 # the X server that its command starts.
 function(qif_set_test_environment test)
     cmake_parse_arguments(arg "XVFB" "" "" ${ARGN})
-    set(environment "LC_ALL=C.UTF-8" "QT_QPA_PLATFORM=$<IF:$<BOOL:${arg_XVFB}>,xcb,offscreen>")
+    # No settings or caches of the user; without glib, whose leaks are suppressed, on the stack of every event.
+    set(environment "LC_ALL=C.UTF-8" "QT_QPA_PLATFORM=$<IF:$<BOOL:${arg_XVFB}>,xcb,offscreen>"
+        "XDG_CONFIG_HOME=${PROJECT_BINARY_DIR}/config" "QML_DISABLE_DISK_CACHE=1" "QT_NO_GLIB=1")
     if(QIFMODULE_SANITIZE)
         # X11's keyboard library copies strings by their length, which the strict check takes for an error;
         # drawing libraries that are unloaded by then can only be recognised by their callers.
