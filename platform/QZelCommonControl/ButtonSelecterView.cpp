@@ -39,7 +39,7 @@ ButtonSelecterView::ButtonSelecterView(QWidget* parent)
     m_btnOpen->setFocusPolicy(Qt::StrongFocus);
     m_btnOpen->installEventFilter(this);
     setAttribute(Qt::WA_Hover);
-    setTexts();
+    retranslate();
     connect(m_btnOpen, &QToolButton::clicked, this, &ButtonSelecterView::openMenu);
     connect(m_ediField, &SubscribeField::clicked, this, &ButtonSelecterView::openMenu);
 }
@@ -134,7 +134,7 @@ void ButtonSelecterView::resizeEvent(QResizeEvent* event)
     QWidget::resizeEvent(event);
 }
 
-void ButtonSelecterView::setTexts()
+void ButtonSelecterView::retranslate()
 {
     m_btnOpen->setAccessibleName(tr("choose a value"));
     m_ediField->setBinding(m_ediField->text(), m_ediField->source());
@@ -143,7 +143,7 @@ void ButtonSelecterView::setTexts()
 void ButtonSelecterView::changeEvent(QEvent* event)
 {
     if (event->type() == QEvent::LanguageChange) {
-        setTexts();
+        retranslate();
     }
     QWidget::changeEvent(event);
 }

@@ -59,7 +59,7 @@ protected:
 
 private:
     void placeParts(int width, int height);
-    void setTexts();
+    void retranslate();
     void openMenu();
     void choose(const QString& info);
 
