@@ -48,6 +48,9 @@ HorizontalControlIM::HorizontalControlIM(int moduleId, QString name, QWidget* pa
 
 HorizontalControlIM::~HorizontalControlIM()
 {
+    if (m_prscpRangeSelect) {
+        m_prscpRangeSelect->disconnectParts();
+    }
     for (QWidget* const widget : std::initializer_list<QWidget*>{&m_labName, &m_ediNote, &m_bsvButtonSelecter,
                                                                  m_prscpRangeSelect, &m_btnDelete}) {
         if (widget) {

@@ -17,6 +17,7 @@
 #include <QFocusEvent>
 #include <QListView>
 #include <QScopeGuard>
+#include <QTimer>
 
 #include <algorithm>
 #include <new>
@@ -107,11 +108,8 @@ bool QIfModuleMainView::RetranslateUi()
     return true;
 }
 
-bool QIfModuleMainView::eventFilter(QObject* watched, QEvent* event)
+bool QIfModuleMainView::eventFilter(QObject*, QEvent* event)
 {
-    if (watched != this) {
-        return false;
-    }
     switch (event->type()) {
     case QEvent::Show:
         QueryIfModuleInfo();
@@ -180,7 +178,8 @@ void QIfModuleMainView::QueryIfModuleInfo()
             qDebug("[QIfModuleMainView]: SetRangeSelect num trans failed.");
         }
         row->SetLabNote(condition.note);
-        appendRow(condition.name, std::move(row));
+        m_mapIMHorControls.append({{condition.name, row.get()}});
+        showRow(std::move(row));
     }
     layOutList();
     showLosses();
@@ -257,16 +256,24 @@ void QIfModuleMainView::on_btn_add_clicked()
         m_qsName = ConditionName::lowestFree(type, names);
     }
 
-    // In the list before anything can fail: the registry must not refer to a row without an owner.
-    appendRow(m_qsName, createRow(m_qsName));
-    qDebug("m_mapIMHorControls info start.");
-    const QStringList registered = registeredNames();
-    for (const QString& name : registered) {
-        qDebug().noquote() << name;
+    auto row = createRow(m_qsName);
+    QLineEdit* const note = row->noteField();
+    m_mapIMHorControls.append({{m_qsName, row.get()}});
+    {
+        // Also when the log throws: the registry must not refer to a row without an owner.
+        const auto show = qScopeGuard([&] { showRow(std::move(row)); });
+        qDebug("m_mapIMHorControls info start.");
+        const QStringList registered = registeredNames();
+        for (const QString& name : registered) {
+            qDebug().noquote() << name;
+        }
+        qDebug("m_mapIMHorControls info end.");
     }
-    qDebug("m_mapIMHorControls info end.");
-    layOutList();
-    ui->scrollArea->ensureWidgetVisible(m_mapIMHorControls.last().first()->noteField());
+    // Not now: a list that moves closes an open slider, which stores the list.
+    QTimer::singleShot(0, note, [this, note] {
+        layOutList();
+        ui->scrollArea->ensureWidgetVisible(note);
+    });
 
     IO_INFO io;
     const auto addIo = [&](const QString& ioName, IOClass ioClass) {
@@ -340,21 +347,20 @@ std::unique_ptr<HorizontalControlIM> QIfModuleMainView::createRow(const QString&
     return row;
 }
 
-void QIfModuleMainView::appendRow(const QString& name, std::unique_ptr<HorizontalControlIM> row)
+void QIfModuleMainView::showRow(std::unique_ptr<HorizontalControlIM> row)
 {
-    HorizontalControlIM* const appended = row.get();
+    HorizontalControlIM* const shown = row.get();
     {
-        const StyleSheet::Suspension suspension(*appended);
+        const StyleSheet::Suspension suspension(*shown);
         ui->verL_infoList->addLayout(row.release(), 0);
     }
     {
         // Shown and laid out at once; Qt would do it later, widget by widget.
         ui->gridLayout_9->setEnabled(false);
         const auto enable = qScopeGuard([this] { ui->gridLayout_9->setEnabled(true); });
-        appended->showInList();
+        shown->showInList();
     }
-    m_mapIMHorControls.append({{name, appended}});
-    connect(appended->noteField(), &QLineEdit::textChanged, this, &QIfModuleMainView::showLosses);
+    connect(shown->noteField(), &QLineEdit::textChanged, this, &QIfModuleMainView::showLosses);
 }
 
 void QIfModuleMainView::layOutList()

@@ -51,8 +51,8 @@ public slots:
 
 private:
     std::unique_ptr<HorizontalControlIM> createRow(const QString& name);
-    /// The list's layout takes the row; the registry owns none.
-    void appendRow(const QString& name, std::unique_ptr<HorizontalControlIM> row);
+    /// In the list, whose layout takes the row; the registry owns none.
+    void showRow(std::unique_ptr<HorizontalControlIM> row);
     /// In the order of the registry.
     QList<HorizontalControlIM*> rows() const;
     QStringList registeredNames() const;

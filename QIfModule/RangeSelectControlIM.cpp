@@ -68,15 +68,20 @@ RangeSelectControlIM::RangeSelectControlIM(int moduleId, int minRange, int maxRa
     QueryIfModuUIParamScribeInfo();
 }
 
-RangeSelectControlIM::~RangeSelectControlIM()
+void RangeSelectControlIM::disconnectParts()
 {
-    // Member destructors emit signals and send events; disconnect first.
     for (QObject* const sender : std::initializer_list<QObject*>{
              &m_qmlRangeSlider, &m_spbMinPullBar, &m_spbMaxPullBar, &m_btnMinSwitch, &m_btnMaxSwitch,
              &m_bsvMinNumSubscribe, &m_bsvMaxNumSubscribe}) {
         sender->disconnect(this);
     }
     m_qmlRangeSlider.removeEventFilter(this);
+}
+
+RangeSelectControlIM::~RangeSelectControlIM()
+{
+    // Member destructors emit signals and send events.
+    disconnectParts();
     for (QLineEdit* const edit : {m_pEdiMinPullBar, m_pEdiMaxPullBar}) {
         if (edit) {
             // Qt caches style data for the field inside a spin box, and releases it with the field only if

@@ -66,6 +66,9 @@ public:
         SubscribeMenu::ParseTreeNode(node, out, level);
     }
 
+    /// To be called before the strip's widgets are hidden or destroyed: that finishes edits.
+    void disconnectParts();
+
     /// The last of the strip's widgets that Tab leads to.
     QWidget* lastInTabOrder() { return &m_btnMaxSwitch; }
 

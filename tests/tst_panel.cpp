@@ -66,6 +66,8 @@ private slots:
     void unknownTypeWord();
     void addingWhenTheLogFails();
     void addedRowsAreInSight();
+    void addingBesideAnOpenSlider();
+    void deletedRowsFinishNoEdit();
     void sheetsOfARow();
     void warnings();
     void entriesWithoutRow();
@@ -235,7 +237,8 @@ void tst_panel::addedRowsAreInSight()
     f.core.uiData["@%int1%Start"] = "True";
     f.find<QPushButton>("btn_add")->click();
     QCOMPARE(f.core.lastTimeOut, 5000u);
-    QVERIFY(!f.note(20)->visibleRegion().isEmpty());
+    QCoreApplication::processEvents();
+    QCOMPARE(f.note(20)->visibleRegion(), QRegion(f.note(20)->rect()));
     // Tab leads to note, selector, bounds, switches, and delete.
     QString order;
     f.note(20)->setFocus();
@@ -246,6 +249,31 @@ void tst_panel::addedRowsAreInSight()
     }
     QCOMPARE(order, QString("m_ediNote  m_bsvMinNumSubscribe m_spbMaxPullBar m_btnMinSwitch m_btnMaxSwitch "
                             "m_btnDelete "));
+}
+
+// The move of the list closes the slider, which stores the list, but not before the new row's IOs exist.
+void tst_panel::addingBesideAnOpenSlider()
+{
+    Fixture f;
+    f.show("%int0%:1:2:;");
+    f.perform("click m_spbMinPullBar");
+    f.perform("refuse AddIO");
+    f.core.takeCommands();
+    f.find<QPushButton>("btn_add")->click();
+    const QStringList commands = f.core.takeCommands();
+    QVERIFY2(commands.last().startsWith("AddIO 7 %int1% ") && commands.filter("SetBinaryData").isEmpty(),
+             qPrintable(commands.join('\n')));
+}
+
+// The focus moves from the note to a bound when the note is hidden.
+void tst_panel::deletedRowsFinishNoEdit()
+{
+    Fixture f;
+    f.show("%int0%:60:5:;");
+    f.perform("click m_ediNote");
+    const LogCapture log;
+    f.panel->onBtnDeleteOpt("int0");
+    QVERIFY2(!log.lines().contains("[onRangeEditFinish]: min > max."), qPrintable(log.lines().join('\n')));
 }
 
 void tst_panel::sheetsOfARow()
