@@ -61,7 +61,7 @@ endfunction()
 # the X server that its command starts.
 function(qif_set_test_environment test)
     cmake_parse_arguments(arg "XVFB" "" "" ${ARGN})
-    # No settings or caches of the user; without glib, whose leaks are suppressed, on the stack of every event.
+    # No settings and caches of the user, and no event loop of glib, which leaks.
     set(environment "LC_ALL=C.UTF-8" "QT_QPA_PLATFORM=$<IF:$<BOOL:${arg_XVFB}>,xcb,offscreen>"
         "XDG_CONFIG_HOME=${PROJECT_BINARY_DIR}/config" "QML_DISABLE_DISK_CACHE=1" "QT_NO_GLIB=1")
     if(QIFMODULE_SANITIZE)
