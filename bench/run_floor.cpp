@@ -24,13 +24,7 @@ int main(int argc, char** argv)
 {
     const bool countsOnly = argc > 1 && std::string_view(argv[1]) == "--summary";
     std::vector<char> buffer(2 * blockSize);
-    std::vector<char> output(2 * blockSize);
-    char* out = output.data();
-    const auto put = [&out](std::string_view text) { out += text.copy(out, text.size()); };
-    const auto flush = [&] {
-        std::fwrite(output.data(), 1, static_cast<std::size_t>(out - output.data()), stdout);
-        out = output.data();
-    };
+    static char output[40 * blockSize]; // a row has at least 5 bytes and is printed with less than 200
     std::size_t kept = 0;
     std::size_t line = 0;
     std::ptrdiff_t columns = 0;
@@ -39,6 +33,8 @@ int main(int argc, char** argv)
     for (std::size_t size; (size = std::fread(buffer.data() + kept, 1, blockSize, stdin)) > 0;) {
         const char* row = buffer.data();
         const char* const end = row + kept + size;
+        char* out = output;
+        const auto put = [&out](std::string_view text) { out += text.copy(out, text.size()); };
         const auto find = [&row, end](char c) {
             return static_cast<const char*>(std::memchr(row, c, static_cast<std::size_t>(end - row)));
         };
@@ -71,14 +67,11 @@ int main(int argc, char** argv)
                 put(isIn[i] ? ",in" : ",out");
             }
             put("\n");
-            if (out > output.data() + blockSize) {
-                flush();
-            }
         }
+        std::fwrite(output, 1, static_cast<std::size_t>(out - output), stdout);
         kept = static_cast<std::size_t>(end - row);
         std::memmove(buffer.data(), row, kept);
     }
-    flush();
     std::fprintf(stderr, "%zu of %zu rows OK\n", okRows, line - 1);
     for (const std::size_t count : met) {
         std::fprintf(stderr, "%zu in\n", count);
