@@ -23,22 +23,23 @@ CommandResult FakeCore::Execute(ICommand& command)
     const CommandText text = CommandText::of(command);
     m_commands << text.line();
     if (fault) {
-        if (const auto refused = fault(m_count++, text.line())) {
+        if (const auto refused = fault(text.line())) {
             return *refused;
         }
     }
     const QString& name = text.parameter;
     CommandResult result = Success;
     const auto remove = [&](auto& from) { result = from.remove(name) != 0 ? Success : NothingChanged; };
-    const auto give = [&](const QMap<QString, QByteArray>& from, ZEL_VALUE_CONTAINER__<char>& record) {
-        if (!from.contains(name)) {
+    const auto give = [&](ZEL_VALUE_CONTAINER__<char>& record) {
+        if (!parameters.contains(name)) {
             result = {Failed, "no such parameter"};
             return;
         }
-        const QByteArray bytes = from[name];
+        const QByteArray bytes = parameters[name];
         record.CreateList(static_cast<UInt>(bytes.size() + 1));
         std::copy_n(bytes.constData(), bytes.size() + 1, record.Items());
     };
+    const auto take = [&](const auto& c) { parameters[name] = {c.Data, static_cast<int>(c.DataLen)}; };
     visitCommand(command, Overloaded{
                               [&](AddIOCommand& c) {
                                   // A core may write into what it is sent; the next command must not carry
@@ -47,23 +48,21 @@ CommandResult FakeCore::Execute(ICommand& command)
                                   c.IOInfo->CreateList(2);
                                   c.IOInfo->ExtraData.CanSubscribe = true;
                               },
-                              [&](SetRunParamCommand& c) { runParams[name] = c.Val; },
+                              [&](SetRunParamCommand& c) { parameters[name] = c.Val; },
                               [&](SetBinaryDataCommand& c) {
-                                  binaryData[name] = {c.Data, static_cast<int>(c.DataLen)};
+                                  take(c);
                                   lastTimeOut = c.TimeOut;
                               },
-                              [&](SetUIDataCommand& c) {
-                                  uiData[name] = {c.Data, static_cast<int>(c.DataLen)};
-                              },
-                              [&](DeleteUIDataCommand&) { remove(uiData); },
+                              [&](SetUIDataCommand& c) { take(c); },
+                              [&](DeleteUIDataCommand&) { remove(parameters); },
                               [&](SubscribeTreeQuery& c) { *c.Result = subscribeTree; },
-                              [&](BinaryDataQuery& c) { give(binaryData, *c.Result); },
+                              [&](BinaryDataQuery& c) { give(*c.Result); },
                               [&](RunParamQuery& c) {
                                   BINARY_DATA__ value;
-                                  give(runParams, value);
+                                  give(value);
                                   FillText(c.Result->strParamValue, value.Items());
                               },
-                              [&](UIDataQuery& c) { give(uiData, *c.Result); },
+                              [&](UIDataQuery& c) { give(*c.Result); },
                               [&](SetFilterSourceCommand& c) { bindings[name] = c.SubscribeName; },
                               [&](GetFilterSourceCommand& c) {
                                   c.SubscribeName = bindings.value(name);

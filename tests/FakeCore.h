@@ -23,13 +23,12 @@ public:
     /// Commands since the last take, for example "SetRunParam 7 LogicalMode=2".
     QStringList takeCommands() { return std::exchange(m_commands, {}); }
 
-    /// Called for each command, numbered from 0, before it takes effect. A result it returns is the
-    /// answer and the command has no effect; it may throw.
-    std::function<std::optional<ZelCore::CommandResult>(int number, const QString& line)> fault;
+    /// Called with the line of each command before it takes effect. A result it returns is the answer and
+    /// the command has no effect; it may throw.
+    std::function<std::optional<ZelCore::CommandResult>(const QString& line)> fault;
 
-    QMap<QString, QByteArray> binaryData;
-    QMap<QString, QByteArray> runParams;
-    QMap<QString, QByteArray> uiData;
+    /// Binary data, run parameters and UI data, whose names differ.
+    QMap<QString, QByteArray> parameters;
     /// By the kind of the target and its key, "1/%int0%" or "0/%int0%Start".
     QMap<QString, QString> bindings;
     /// Sources that the flow no longer has.
@@ -40,6 +39,5 @@ public:
 
 private:
     QStringList m_commands;
-    int m_count = 0;
     ZelCore::ServiceRegistration m_registration{*this};
 };

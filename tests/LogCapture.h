@@ -1,9 +1,11 @@
 #pragma once
 
+#include "core_client/ZelException.h"
+
 #include <QStringList>
-#include <QtGlobal>
 
 #include <cstdio>
+#include <optional>
 #include <utility>
 
 /// Collects the messages of the Qt log for as long as it lives, then restores the former handler.
@@ -19,16 +21,19 @@ public:
     ~LogCapture() { qInstallMessageHandler(m_previous); }
     Q_DISABLE_COPY(LogCapture)
 
-    /// Debug messages, as logged.
-    QStringList lines() const { return m_lines; }
     /// Warnings and worse: there should be none.
     QStringList warnings() const { return m_warnings; }
     /// The debug messages since the last take.
     QStringList takeLines() { return std::exchange(m_lines, {}); }
+    /// Where a message begins with this text, logging throws.
+    std::optional<QString> failure;
 
 private:
     static void handle(QtMsgType type, const QMessageLogContext& context, const QString& text)
     {
+        if (s_active->failure && text.startsWith(*s_active->failure)) {
+            throw ZelCommon::ZelException("the log is full");
+        }
         if (type == QtFatalMsg) {
             std::fprintf(stderr, "%s\n", qPrintable(text));
         } else if (type == QtDebugMsg) {

@@ -4,13 +4,6 @@
 
 #include <QZelCommonControl/ButtonSelecterView.h>
 
-#include <QAction>
-#include <QClipboard>
-#include <QFile>
-#include <QMessageBox>
-#include <QScrollArea>
-#include <QVBoxLayout>
-
 using namespace ZelCore;
 
 PanelTour::PanelTour()
@@ -26,8 +19,8 @@ PanelTour::PanelTour()
     layout->addWidget(ok);
     host.resize(700, 600);
 
-    core.binaryData["IFText"] = "0";
-    core.runParams["LogicalMode"] = "1";
+    core.parameters["IFText"] = "0";
+    core.parameters["LogicalMode"] = "1";
     core.subscribeTree.CreateList(1);
     SUBSCRIBE_NODE__& module = core.subscribeTree.At(0);
     module.ModuleID = 5;
@@ -38,7 +31,7 @@ PanelTour::PanelTour()
         FillText(module.At(i).NodeName, values[i].c_str());
         FillText(module.At(i).SubscribeName, ("5." + values[i]).c_str());
     }
-    core.fault = [this](int, const QString& command) {
+    core.fault = [this](const QString& command) {
         const auto result = answer ? answer(command) : std::nullopt;
         const bool isRefused =
             command.endsWith("=5.Refused") || (!m_refused.isEmpty() && command.startsWith(m_refused));
@@ -85,7 +78,7 @@ QWidget* PanelTour::findWidget(const QString& target) const
 
 void PanelTour::show(const QByteArray& ifText)
 {
-    core.binaryData["IFText"] = ifText;
+    core.parameters["IFText"] = ifText;
     perform("show");
     core.takeCommands();
 }
@@ -96,9 +89,7 @@ bool PanelTour::perform(const QString& step)
     const QString object = step.section(' ', 1);
     QWidget* const widget = findWidget(object.section(' ', 0, 0));
     if (verb == "store") {
-        const QString key = object.section('=', 0, 0);
-        auto& data = key == "IFText" ? core.binaryData : key == "LogicalMode" ? core.runParams : core.uiData;
-        data[key] = object.section('=', 1).toUtf8();
+        core.parameters[object.section('=', 0, 0)] = object.section('=', 1).toUtf8();
     } else if (verb == "bind") {
         core.bindings[object.section('=', 0, 0)] = object.section('=', 1);
     } else if (verb == "refuse") {
@@ -223,5 +214,5 @@ QByteArray PanelTour::shown() const
 bool PanelTour::isModeStored() const
 {
     const int index = find<QComboBox>("cbox_determineType")->currentIndex();
-    return core.runParams["LogicalMode"] == QByteArray::number(index + 1);
+    return core.parameters["LogicalMode"] == QByteArray::number(index + 1);
 }

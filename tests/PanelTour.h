@@ -3,15 +3,8 @@
 #include "FakeCore.h"
 #include "QIfModuleMainView.h"
 
-#include <QComboBox>
-#include <QDialog>
-#include <QDoubleSpinBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QPointer>
-#include <QPushButton>
-#include <QTimer>
 #include <QtTest>
+#include <QtWidgets>
 
 /// Works a panel of module 7 in a host's dialog as a user does, over a fake core that holds a new module and
 /// offers values to subscribe, of which it refuses the last.
@@ -63,7 +56,7 @@ public:
     /// The conditions as the widgets show them, in the form in which they are stored.
     QStringList shownRows() const;
     QByteArray shown() const;
-    QByteArray stored() const { return core.binaryData["IFText"]; }
+    QByteArray stored() const { return core.parameters["IFText"]; }
     bool isModeStored() const;
 
     FakeCore core;

@@ -3,7 +3,6 @@
 #include "condition/ConditionName.h"
 #include "condition/ConditionRecord.h"
 
-#include <QJsonDocument>
 #include <QtTest>
 
 #include <cmath>

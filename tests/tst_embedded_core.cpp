@@ -1,12 +1,9 @@
 #include "EmbeddedCore/EmbeddedCore.h"
 #include "EmbeddedCore/FileName.h"
 
-#include <QElapsedTimer>
-#include <QProcess>
 #include <QSqlDatabase>
 #include <QSqlError>
 #include <QSqlQuery>
-#include <QTemporaryDir>
 #include <QtTest>
 
 #include <unistd.h>

@@ -1,6 +1,4 @@
-#include <QApplication>
 #include <QGenericPlugin>
-#include <QProcess>
 #include <QSqlDatabase>
 #include <QSqlQuery>
 #include <QtTest>

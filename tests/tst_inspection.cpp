@@ -13,17 +13,6 @@
 #include "inspector/StoredStatus.h"
 #include "run/RunDock.h"
 
-#include <QAction>
-#include <QCheckBox>
-#include <QClipboard>
-#include <QDialog>
-#include <QDragEnterEvent>
-#include <QMimeData>
-#include <QPlainTextEdit>
-#include <QTableView>
-#include <QTemporaryDir>
-#include <QVBoxLayout>
-
 #include <sys/stat.h>
 
 using namespace ZelCore;

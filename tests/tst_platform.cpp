@@ -3,7 +3,6 @@
 #include "QZelCommonControl/ButtonSelecterView.h"
 #include "QZelCommonControl/QmlRangeSliderView.h"
 
-#include <QJsonDocument>
 #include <QQmlEngine>
 #include <QScroller>
 #include <QtTest>
@@ -525,7 +524,7 @@ void tst_platform::bindings()
     s.view->SetEdiSubscribeText("5.Count");
     QCOMPARE(s.shown(), QString("5.Count|5.Count"));
 
-    s.core.fault = [](int, const QString&) { return CommandResult(Failed, "no"); };
+    s.core.fault = [](const QString&) { return CommandResult(Failed, "no"); };
     QVERIFY(set("5.A") == -1 && get() == -1);
     QVERIFY(s.shown().startsWith("|") && s.shown().contains("could not be read"));
     s.core.fault = nullptr;

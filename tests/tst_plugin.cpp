@@ -19,8 +19,8 @@ private slots:
 void tst_plugin::loadedAndUnloaded()
 {
     FakeCore core;
-    core.binaryData["IFText"] = "%int0%:1:2:a;";
-    core.runParams["LogicalMode"] = "1";
+    core.parameters["IFText"] = "%int0%:1:2:a;";
+    core.parameters["LogicalMode"] = "1";
     for (int i = 0; i < 20; ++i) {
         QVERIFY(!dlopen(QIFMODULE_FILE, RTLD_NOW | RTLD_NOLOAD));
         void* const library = dlopen(QIFMODULE_FILE, RTLD_NOW);

@@ -2,12 +2,7 @@
 #include "EmbeddedCore/EmbeddedCore.h"
 #include "inspector/ConfigurationJson.h"
 
-#include <QDir>
 #include <QImage>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QProcess>
-#include <QTemporaryDir>
 #include <QtTest>
 
 using namespace ZelCore;

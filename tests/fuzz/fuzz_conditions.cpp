@@ -18,7 +18,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     static auto& panel = *new QIfModuleMainView(7, nullptr);
     qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
 
-    QByteArray& list = core.binaryData["IFText"];
+    QByteArray& list = core.parameters["IFText"];
     const auto loadAndStore = [&] {
         QShowEvent show;
         QApplication::sendEvent(&panel, &show);
