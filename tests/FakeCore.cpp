@@ -18,6 +18,15 @@ Overloaded(Functions...) -> Overloaded<Functions...>;
 
 } // namespace
 
+SUBSCRIBE_NODE__& fillNode(SUBSCRIBE_NODE__& node, const char* name, UInt children, const char* source)
+{
+    node.ModuleID = 5;
+    FillText(node.NodeName, name);
+    FillText(node.SubscribeName, source);
+    node.CreateList(children);
+    return node;
+}
+
 CommandResult FakeCore::Execute(ICommand& command)
 {
     const CommandText text = CommandText::of(command);

@@ -12,6 +12,10 @@
 #include <optional>
 #include <utility>
 
+/// Makes a node one of module 5, with children that are still empty.
+ZelCore::SUBSCRIBE_NODE__& fillNode(ZelCore::SUBSCRIBE_NODE__& node, const char* name, ZelCore::UInt children,
+                                    const char* source = "");
+
 /// An ICommandService in memory that keeps what is stored, records every command as one readable
 /// line, and fails where a test asks for it. Registered with the container while it lives.
 class FakeCore : public ZelCore::SynchronousService

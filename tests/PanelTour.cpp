@@ -22,19 +22,13 @@ PanelTour::PanelTour()
     core.parameters["IFText"] = "0";
     core.parameters["LogicalMode"] = "1";
     core.subscribeTree.CreateList(1);
-    SUBSCRIBE_NODE__& module = core.subscribeTree.At(0);
-    module.ModuleID = 5;
-    FillText(module.NodeName, "Blob");
-    const std::array<std::string, 3> values = {"Count", "Mean", "Refused"};
-    module.CreateList(values.size());
-    for (int i = 0; i < 3; ++i) {
-        FillText(module.At(i).NodeName, values[i].c_str());
-        FillText(module.At(i).SubscribeName, ("5." + values[i]).c_str());
-    }
+    SUBSCRIBE_NODE__& module = fillNode(core.subscribeTree.At(0), "Blob", 3);
+    fillNode(module.At(0), "Count", 0, "5.Count");
+    fillNode(module.At(1), "Mean", 0, "5.Mean");
+    fillNode(module.At(2), "Refused", 0, "5.Refused");
     core.fault = [this](const QString& command) {
         const auto result = answer ? answer(command) : std::nullopt;
-        const bool isRefused =
-            command.endsWith("=5.Refused") || (!m_refused.isEmpty() && command.startsWith(m_refused));
+        const bool isRefused = command.endsWith("=5.Refused") || command.startsWith(m_refused);
         return !result && isRefused ? CommandResult(Failed, "refused") : result;
     };
     m_warningWatch.callOnTimeout([this] { closeWarning(); });
@@ -51,9 +45,10 @@ PanelTour::PanelTour()
 QStringList PanelTour::linesOf(const QString& name)
 {
     QFile file(TOUR_FOLDER "/" + name);
-    return file.open(QIODevice::ReadOnly)
-               ? QString::fromUtf8(file.readAll()).split('\n').filter(QRegularExpression("^[^#]"))
-               : QStringList();
+    if (!file.open(QIODevice::ReadOnly)) {
+        qFatal("There is no %s.", qPrintable(file.fileName()));
+    }
+    return QString::fromUtf8(file.readAll()).split('\n').filter(QRegularExpression("^[^#]"));
 }
 
 QWidget* PanelTour::findWidget(const QString& target) const

@@ -77,6 +77,6 @@ private:
     void happened();
     void closeWarning();
 
-    QString m_refused;
+    QString m_refused = "none yet";
     QTimer m_warningWatch;
 };

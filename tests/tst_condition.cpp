@@ -10,41 +10,22 @@
 using namespace ConditionName;
 using namespace ZelCore;
 
-namespace {
-
-SUBSCRIBE_NODE__& fill(SUBSCRIBE_NODE__& node, const char* name, UInt children, const char* source = "")
-{
-    node.ModuleID = 5;
-    FillText(node.NodeName, name);
-    FillText(node.SubscribeName, source);
-    node.CreateList(children);
-    return node;
-}
-
-} // namespace
-
 class tst_condition : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void types();
-    void lowestFreeName();
-    void sortingKeepsInconsistentNames();
+    void names();
     void writing();
     void menuOfATree();
 };
 
-// The word stands anywhere in the name, as it is written; the value type of a menu may be another.
-void tst_condition::types()
+void tst_condition::names()
 {
-    QVERIFY(typeOf("a-float2") == Type::Float && typeOf("intfloat") == Type::Int &&
-            typeOf("Int0") == Type::None);
+    // The type word stands anywhere in the name, as it is written; the value type of a menu may be another.
+    QVERIFY(typeOf("a-float2") == Type::Float && typeOf("intfloat") == Type::Int);
+    QVERIFY(typeOf("Int0") == Type::None);
     QCOMPARE(subscribedType("intfloat", "string") + subscribedType("Int0", "string"), QString("floatstring"));
-}
-
-void tst_condition::lowestFreeName()
-{
     const std::pair<QString, QString> cases[] = {{"int0", "int1 int2"},
                                                  {"int1", "int0 int01"},
                                                  {"int3", "int10 int2t int2 int0 int1"},
@@ -52,11 +33,7 @@ void tst_condition::lowestFreeName()
     for (const auto& [lowest, names] : cases) {
         QCOMPARE(lowestFree(typeOf(lowest), sorted(names.split(' '))), lowest);
     }
-}
-
-// Each pair of these can be compared, but all together contradict each other.
-void tst_condition::sortingKeepsInconsistentNames()
-{
+    // Sorting keeps all of them, where each pair can be compared, but all together contradict each other.
     QStringList names;
     for (int i = 0; i < 400; ++i) {
         names << QString("int1t%1").arg(i % 7) << QString("int01t%1").arg(i % 5) << "int1";
@@ -82,12 +59,12 @@ void tst_condition::menuOfATree()
 {
     FakeCore core;
     core.subscribeTree.CreateList(3);
-    auto& blob = fill(core.subscribeTree.At(0), "Blob", 2);
-    fill(blob.At(0), "计数", 0, "5.计数");
-    fill(fill(blob.At(1), "Group", 1).At(0), "Leaf", 0, "5.Group.Leaf");
-    fill(core.subscribeTree.At(1), "Nothing to offer", 0);
+    auto& blob = fillNode(core.subscribeTree.At(0), "Blob", 2);
+    fillNode(blob.At(0), "计数", 0, "5.计数");
+    fillNode(fillNode(blob.At(1), "Group", 1).At(0), "Leaf", 0, "5.Group.Leaf");
+    fillNode(core.subscribeTree.At(1), "Nothing to offer", 0);
     // A group of groups without children stays: only the top level is filtered.
-    fill(fill(fill(core.subscribeTree.At(2), "Hollow", 1).At(0), "Inner", 1).At(0), "Empty", 0);
+    fillNode(fillNode(fillNode(core.subscribeTree.At(2), "Hollow", 1).At(0), "Inner", 1).At(0), "Empty", 0);
 
     const auto menu = SubscribeMenu::query(7, "int0", {});
     QVERIFY(menu);

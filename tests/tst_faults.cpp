@@ -11,14 +11,8 @@ using namespace ZelCore;
 namespace {
 bool s_isOutOfMemory = false;
 
-int setting(const char* name, int standard)
-{
-    const int value = qEnvironmentVariableIntValue(name);
-    return value > 0 ? value : standard;
-}
-
 // Every n-th command of a kind and every n-th event has its turn; 1: each of them.
-const int s_faultStep = setting("FAULT_STEP", 20);
+const int s_faultStep = qEnvironmentVariable("FAULT_STEP", "20").toInt();
 } // namespace
 
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept
@@ -130,7 +124,7 @@ void tst_faults::destroyedAfterEveryEvent()
 // However long a panel is used, what the process holds stays as it was after warming up.
 void tst_faults::nothingIsLeftBehind()
 {
-    const int cycles = setting("CYCLES", 30);
+    const int cycles = qEnvironmentVariable("CYCLES", "30").toInt();
     QLoggingCategory::setFilterRules("*.debug=false\n*.warning=false");
     PanelTour tour;
     tour.show("%int0%:0:100:a;%float0%:0.500:2.250:b;");

@@ -35,15 +35,6 @@ void turnWheelOver(const QWidget* widget)
     qApp->notify(window->windowHandle(), &event);
 }
 
-// Opens the panel's registry.
-auto& registryOf(QIfModuleMainView& panel);
-template <auto Registry>
-struct OpenRegistry
-{
-    friend auto& registryOf(QIfModuleMainView& panel) { return panel.*Registry; }
-};
-template struct OpenRegistry<&QIfModuleMainView::m_mapIMHorControls>;
-
 } // namespace
 
 class tst_panel : public QObject
@@ -56,15 +47,13 @@ private slots:
     void slotsOfThePanel();
     void loads();
     void loadsDisturbNothing();
-    void unknownTypeWord();
-    void addingWhenTheLogFails();
+    void unusualAdding();
     void addedRowsAreInSight();
     void addingBesideAnOpenSlider();
     void deletedRowsFinishNoEdit();
-    void sheetsOfARow();
     void warnings();
-    void entriesWithoutRow();
-    void sourcesOfBounds();
+    void destroyedRows();
+    void looksOfARow();
     void longBoundsFit();
     void sliderMoves();
     void sliderCloses();
@@ -195,26 +184,23 @@ void tst_panel::loadsDisturbNothing()
     QVERIFY(f.find("widget_2")->isHidden());
 }
 
-void tst_panel::unknownTypeWord()
+void tst_panel::unusualAdding()
 {
     Fixture f;
     f.show();
-    f.find<QComboBox>("cbox_typeSelect")->setItemText(0, "bool");
-    f.perform("click btn_add");
-    QVERIFY(f.core.takeCommands().contains("AddIO 7 %% class=1 type= flags=01110101111"));
-    QCOMPARE(f.stored(), QByteArray("%%:0:0:;"));
-}
-
-void tst_panel::addingWhenTheLogFails()
-{
-    Fixture f;
-    f.show();
-    LogCapture log;
-    log.failure = "m_mapIMHorControls";
-    QVERIFY_EXCEPTION_THROWN(f.panel->on_btn_add_clicked(), ZelCommon::ZelException);
+    {
+        LogCapture log;
+        log.failure = "m_mapIMHorControls";
+        QVERIFY_EXCEPTION_THROWN(f.panel->on_btn_add_clicked(), ZelCommon::ZelException);
+    }
     // What is registered is also there.
     f.panel->onLogicValueChanged2SetParam();
     QVERIFY(f.rows() == 1 && f.stored() == "%int0%:1:1000:;");
+    // Neither of the two type words.
+    f.find<QComboBox>("cbox_typeSelect")->setItemText(0, "bool");
+    f.perform("click btn_add");
+    QVERIFY(f.core.takeCommands().contains("AddIO 7 %% class=1 type= flags=01110101111"));
+    QCOMPARE(f.stored(), QByteArray("%int0%:1:1000:;%%:0:0:;"));
 }
 
 void tst_panel::addedRowsAreInSight()
@@ -263,22 +249,6 @@ void tst_panel::deletedRowsFinishNoEdit()
     QVERIFY2(!log.lines().contains("[onRangeEditFinish]: min > max."), qPrintable(log.lines().join('\n')));
 }
 
-void tst_panel::sheetsOfARow()
-{
-    Fixture f;
-    f.show();
-    f.perform("click btn_add");
-    QStringList styled;
-    for (const auto* const widget : f.panel->findChildren<QWidget*>()) {
-        if (widget->styleSheet() == f.note()->styleSheet()) {
-            styled << (widget == f.strip() ? "strip" : widget->objectName());
-        }
-    }
-    styled.sort();
-    QCOMPARE(styled.join(' '),
-             "m_btnDelete m_btnLine m_ediNote m_labName m_spbMaxPullBar m_spbMinPullBar strip");
-}
-
 // What a warning is about goes while it is open.
 void tst_panel::warnings()
 {
@@ -299,28 +269,31 @@ void tst_panel::warnings()
              QStringList({"! 未找到绑定数据", "! 最多添加: 32 (over the panel)"}));
 }
 
-void tst_panel::entriesWithoutRow()
+// A row that its host destroyed is not read when the panel loads or goes.
+void tst_panel::destroyedRows()
 {
     Fixture f;
     f.show("%int0%:1:2:a;%int1%:3:4:b;");
-    registryOf(*f.panel).prepend({{"int3", nullptr}});
-    for (const char* const step : {"click btn_add", "click m_btnDelete:0", "click lab_help", "hide"}) {
-        f.perform(step);
-    }
-    f.panel->onBtnDeleteOpt("int3");
-    QCOMPARE(f.stored(), QByteArray("%int1%:3:4:b;%int2%:1:1000:;"));
-    QCOMPARE(registryOf(*f.panel).size(), 2);
-    // A row that is gone is not read when the panel loads or goes.
     delete f.panel->findChild<HorizontalControlIM*>();
     f.load();
     QCOMPARE(f.rows(), 2);
     delete f.panel->findChild<HorizontalControlIM*>();
 }
 
-void tst_panel::sourcesOfBounds()
+void tst_panel::looksOfARow()
 {
     Fixture f;
     f.show("%int0%:0:100:a;");
+    QStringList styled;
+    for (const auto* const widget : f.panel->findChildren<QWidget*>()) {
+        if (widget->styleSheet() == f.note()->styleSheet()) {
+            styled << (widget == f.strip() ? "strip" : widget->objectName());
+        }
+    }
+    styled.sort();
+    QCOMPARE(styled.join(' '),
+             "m_btnDelete m_btnLine m_ediNote m_labName m_spbMaxPullBar m_spbMinPullBar strip");
+    // The widgets of the strip for constant bounds, for subscribed ones, and for constant ones again.
     QVERIFY(f.strip()->size() == QSize(230, 30) && (f.strip()->windowFlags() & Qt::FramelessWindowHint));
     const QString edit = "background-image: url(:/img_im/ImageResource/ic_btn_editswitch_normal.png);";
     const QString link = "background-image: url(:/img_im/ImageResource/ic_btn_linkswitch_normal.png);";

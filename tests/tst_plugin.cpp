@@ -12,42 +12,39 @@ class tst_plugin : public QObject
     Q_OBJECT
 
 private slots:
-    void loadedAndUnloaded();
-};
-
-// Nothing of the process refers to the library once it is gone.
-void tst_plugin::loadedAndUnloaded()
-{
-    FakeCore core;
-    core.parameters["IFText"] = "%int0%:1:2:a;";
-    core.parameters["LogicalMode"] = "1";
-    for (int i = 0; i < 20; ++i) {
-        QVERIFY(!dlopen(QIFMODULE_FILE, RTLD_NOW | RTLD_NOLOAD));
-        void* const library = dlopen(QIFMODULE_FILE, RTLD_NOW);
-        QVERIFY2(library, dlerror());
-        auto* const create = reinterpret_cast<decltype(&CreateModuParamConfigInstance)>(
-            dlsym(library, "CreateModuParamConfigInstance"));
-        auto* const langChanged = reinterpret_cast<decltype(&LangChanged)>(dlsym(library, "LangChanged"));
-        {
-            QWidget host;
-            QVERIFY(!create(7, &host, nullptr) && !langChanged(nullptr) && !langChanged(&host));
-            QWidget* panel = nullptr;
-            QVERIFY(create(7, &host, &panel) && panel->parentWidget() == &host);
-            QCOMPARE(core.takeCommands(), QStringList());
-            host.show();
-            QCOMPARE(core.takeCommands().value(0), QString("QueryBinaryData 7 IFText"));
-            QVERIFY(panel->findChild<QLabel*>("m_labName"));
-            auto* const help = panel->findChild<QLabel*>("lab_help");
-            help->clear();
-            QVERIFY(langChanged(panel));
-            QCOMPARE(help->text(), QString("条件符合，判断结果为OK"));
-            QVERIFY(create(7, nullptr, &panel)); // without a parent it is the caller's
-            delete panel;
+    // Nothing of the process refers to the library once it is gone.
+    void loadedAndUnloaded()
+    {
+        FakeCore core;
+        core.parameters["IFText"] = "%int0%:1:2:a;";
+        for (int i = 0; i < 20; ++i) {
+            QVERIFY(!dlopen(QIFMODULE_FILE, RTLD_NOW | RTLD_NOLOAD));
+            void* const library = dlopen(QIFMODULE_FILE, RTLD_NOW);
+            QVERIFY2(library, dlerror());
+            auto* const create = reinterpret_cast<decltype(&CreateModuParamConfigInstance)>(
+                dlsym(library, "CreateModuParamConfigInstance"));
+            auto* const langChanged = reinterpret_cast<decltype(&LangChanged)>(dlsym(library, "LangChanged"));
+            {
+                QWidget host;
+                QVERIFY(!create(7, &host, nullptr) && !langChanged(nullptr) && !langChanged(&host));
+                QWidget* panel = nullptr;
+                QVERIFY(create(7, &host, &panel) && panel->parentWidget() == &host);
+                QCOMPARE(core.takeCommands(), QStringList());
+                host.show();
+                QCOMPARE(core.takeCommands().value(0), QString("QueryBinaryData 7 IFText"));
+                QVERIFY(panel->findChild<QLabel*>("m_labName"));
+                auto* const help = panel->findChild<QLabel*>("lab_help");
+                help->clear();
+                QVERIFY(langChanged(panel));
+                QCOMPARE(help->text(), QString("条件符合，判断结果为OK"));
+                QVERIFY(create(7, nullptr, &panel)); // without a parent it is the caller's
+                delete panel;
+            }
+            QApplication::processEvents();
+            QCOMPARE(dlclose(library), 0);
         }
-        QApplication::processEvents();
-        QCOMPARE(dlclose(library), 0);
     }
-}
+};
 
 QTEST_MAIN(tst_plugin)
 #include "tst_plugin.moc"

@@ -135,31 +135,26 @@ class tst_random_use : public QObject
     Q_OBJECT
 
 private slots:
-    void runs_data();
-    void runs();
+    // One seed again: tst_random_use runs:SEED
+    void runs_data()
+    {
+        QTest::addColumn<int>("seed");
+        for (int seed = 1; seed <= qEnvironmentVariable("RANDOM_RUNS", "10").toInt(); ++seed) {
+            QTest::addRow("%d", seed) << seed;
+        }
+    }
+    void runs()
+    {
+        QFETCH(int, seed);
+        RandomUse use(static_cast<unsigned int>(seed));
+        LogCapture log;
+        for (int i = 0; i < 200 && use.failure.isEmpty(); ++i) {
+            use.act();
+        }
+        QVERIFY2(use.failure.isEmpty(), qPrintable(use.failure));
+        QCOMPARE(log.warnings(), QStringList());
+    }
 };
-
-// One seed again: tst_random_use runs:SEED
-void tst_random_use::runs_data()
-{
-    QTest::addColumn<int>("seed");
-    const int runs = qEnvironmentVariableIntValue("RANDOM_RUNS");
-    for (int seed = 1; seed <= (runs > 0 ? runs : 10); ++seed) {
-        QTest::addRow("%d", seed) << seed;
-    }
-}
-
-void tst_random_use::runs()
-{
-    QFETCH(int, seed);
-    RandomUse use(static_cast<unsigned int>(seed));
-    LogCapture log;
-    for (int i = 0; i < 200 && use.failure.isEmpty(); ++i) {
-        use.act();
-    }
-    QVERIFY2(use.failure.isEmpty(), qPrintable(use.failure));
-    QCOMPARE(log.warnings(), QStringList());
-}
 
 HOST_TEST_MAIN(tst_random_use)
 #include "tst_random_use.moc"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QTemporaryFile>
+#include <QTemporaryDir>
 
 #include <functional>
 
@@ -9,14 +9,13 @@
 inline int fuzzReader(const std::uint8_t* data, std::size_t size,
                       const std::function<QString(const QString& file)>& read)
 {
-    static QTemporaryFile file(QStringLiteral("/dev/shm/fuzz"));
-    if (!file.isOpen() && !file.open()) {
+    static const QTemporaryDir folder(QStringLiteral("/dev/shm/fuzz"));
+    QFile file(folder.filePath(QStringLiteral("input")));
+    if (!file.open(QIODevice::WriteOnly)) {
         qFatal("no temporary file");
     }
-    file.resize(0);
-    file.seek(0);
     file.write(reinterpret_cast<const char*>(data), static_cast<qint64>(size));
-    file.flush();
+    file.close();
     const QString error = read(file.fileName());
     if (!error.isEmpty() && !error.contains(file.fileName())) {
         qFatal("%s", qPrintable(error));
