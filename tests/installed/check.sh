@@ -1,5 +1,5 @@
 #!/bin/sh
-# Installs a build; builds a program, and the plug-in alone, against what is installed; makes a panel of either
+# Installs a build; builds programs, and the plug-in alone, against what is installed; works a panel of either
 # plug-in, and runs the workbench: check.sh BUILD FOLDER CMAKE-OPTION...; programs run through EMULATOR if set.
 set -eu
 
@@ -20,7 +20,9 @@ cmake --build "$folder/plugin"
 
 LD_LIBRARY_PATH=$(dirname "$(find "$prefix" -name libZelCommon.so)")
 export LD_LIBRARY_PATH HOME="$folder"
-${EMULATOR:-} "$folder/host/installed_host"
-${EMULATOR:-} "$folder/host/installed_host" "$folder/plugin/lib/libQIfModule.so"
+${EMULATOR:-} "$folder/host/installed_units"
+${EMULATOR:-} "$folder/host/bin/minimal_host" --check "$folder/panel.png"
+ln -sf "$folder/plugin/lib/libQIfModule.so" "$folder/host/lib"
+${EMULATOR:-} "$folder/host/bin/minimal_host" --check "$folder/panel.png"
 ${EMULATOR:-} "$prefix/bin/if-workbench" --screenshot "$folder/picture.png"
 test -s "$folder/picture.png"
