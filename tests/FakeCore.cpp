@@ -32,9 +32,12 @@ CommandResult FakeCore::Execute(ICommand& command)
     const CommandText text = CommandText::of(command);
     m_commands << text.line();
     if (fault) {
-        if (const auto refused = fault(text.line())) {
-            return *refused;
+        if (const auto answer = fault(text.line())) {
+            return *answer;
         }
+    }
+    if (text.line().startsWith(refused) || text.line().endsWith("=5.Refused")) {
+        return {Failed, "refused"};
     }
     const QString& name = text.parameter;
     CommandResult result = Success;

@@ -31,6 +31,9 @@ public:
     /// the command has no effect; it may throw.
     std::function<std::optional<ZelCore::CommandResult>(const QString& line)> fault;
 
+    /// Commands whose lines begin so fail, and those that bind the value "5.Refused".
+    QString refused = "none";
+
     /// Binary data, run parameters and UI data, whose names differ.
     QMap<QString, QByteArray> parameters;
     /// By the kind of the target and its key, "1/%int0%" or "0/%int0%Start".

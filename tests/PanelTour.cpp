@@ -26,11 +26,6 @@ PanelTour::PanelTour()
     fillNode(module.At(0), "Count", 0, "5.Count");
     fillNode(module.At(1), "Mean", 0, "5.Mean");
     fillNode(module.At(2), "Refused", 0, "5.Refused");
-    core.fault = [this](const QString& command) {
-        const auto result = answer ? answer(command) : std::nullopt;
-        const bool isRefused = command.endsWith("=5.Refused") || command.startsWith(m_refused);
-        return !result && isRefused ? CommandResult(Failed, "refused") : result;
-    };
     m_warningWatch.callOnTimeout([this] { closeWarning(); });
     m_warningWatch.start(1);
 
@@ -88,7 +83,7 @@ bool PanelTour::perform(const QString& step)
     } else if (verb == "bind") {
         core.bindings[object.section('=', 0, 0)] = object.section('=', 1);
     } else if (verb == "refuse") {
-        m_refused = object;
+        core.refused = object;
     } else if (verb == "show" || verb == "hide") {
         panel->setVisible(verb == "show");
         host.show();
@@ -99,11 +94,9 @@ bool PanelTour::perform(const QString& step)
     } else if (verb == "disable") {
         widget->setEnabled(false);
     } else if (verb == "see") {
-        const auto* const field = widget->findChild<QLineEdit*>();
-        const auto* const combo = qobject_cast<QComboBox*>(widget);
-        reports << "= " + (field   ? field->text()
-                           : combo ? combo->currentText()
-                                   : widget->property("text").toString());
+        const QWidget* const field = widget->findChild<QLineEdit*>();
+        const char* const text = widget->inherits("QComboBox") ? "currentText" : "text";
+        reports << "= " + (field ? field : widget)->property(text).toString();
         for (const QAction* const sign : widget->actions()) {
             reports << "= (!) " + sign->toolTip().replace('\n', "\\n");
         }
@@ -132,9 +125,7 @@ void PanelTour::work(QWidget* widget, const QString& verb, const QString& text)
     QApplication::setActiveWindow(widget->window());
     widget->setFocus();
     if (verb == "key") {
-        const int key = QKeySequence(text)[0];
-        QTest::keyClick(widget, Qt::Key(key & ~Qt::KeyboardModifierMask),
-                        Qt::KeyboardModifiers(key & Qt::KeyboardModifierMask));
+        QTest::keySequence(widget, QKeySequence(text));
         return;
     }
     QTest::keyClick(widget, Qt::Key_A, Qt::ControlModifier);
@@ -155,7 +146,9 @@ void PanelTour::work(QWidget* widget, const QString& verb, const QString& text)
 void PanelTour::performAll()
 {
     for (const QString& step : linesOf("tour.txt").filter(QRegularExpression("^> "))) {
-        perform(step.mid(2));
+        if (panel) {
+            perform(step.mid(2));
+        }
     }
 }
 
@@ -168,9 +161,6 @@ void PanelTour::happened()
         QApplication::setActiveWindow(&host);
     }
     afterEvent();
-    if (!panel) {
-        throw PanelGone();
-    }
 }
 
 void PanelTour::closeWarning()
@@ -180,7 +170,7 @@ void PanelTour::closeWarning()
                                     box->standardButtons() == QMessageBox::Ok;
         reports << (isPlainWarning ? "! " : "another box: ") + box->text() +
                        (box->parentWidget() ? " (over the panel)" : "");
-        // An event like others, but the tour must not be left from within the box.
+        // An event like others.
         afterEvent();
         if (box) {
             box->accept();

@@ -24,10 +24,6 @@
 class PanelTour
 {
 public:
-    /// Thrown by perform() once the panel has been destroyed.
-    struct PanelGone
-    {};
-
     PanelTour();
     ~PanelTour() { core.fault = nullptr; }
 
@@ -38,7 +34,7 @@ public:
     void show(const QByteArray& ifText = "0");
     /// False if the widget is missing or not visible; nothing is done then.
     bool perform(const QString& step);
-    /// The tour through all that the panel offers.
+    /// The tour through all that the panel offers, for as long as there is a panel.
     void performAll();
 
     template <typename Widget = QWidget>
@@ -65,9 +61,6 @@ public:
     QPointer<QIfModuleMainView> panel = new QIfModuleMainView(7, container);
     /// Called after each event, of which a step can have several; may destroy the panel.
     std::function<void()> afterEvent = [] {};
-    /// Called for each command; a result it returns is the answer, and the command has no effect. It may
-    /// throw.
-    std::function<std::optional<ZelCore::CommandResult>(const QString&)> answer;
     /// What is to be seen: "= " and a text, "! " and that of a warning box, which is then closed; or nothing.
     QStringList reports;
 
@@ -77,6 +70,5 @@ private:
     void happened();
     void closeWarning();
 
-    QString m_refused = "none yet";
     QTimer m_warningWatch;
 };

@@ -66,7 +66,7 @@ void tst_faults::everyCommandInTurn()
         const auto status = statuses[turn % 3];
         PanelTour tour;
         int count = 0;
-        tour.answer = [&](const QString& command) -> std::optional<CommandResult> {
+        tour.core.fault = [&](const QString& command) -> std::optional<CommandResult> {
             if (!kind.match(command).hasMatch() || count++ != turn / 3) {
                 return std::nullopt;
             }
@@ -110,10 +110,7 @@ void tst_faults::destroyedAfterEveryEvent()
                 delete (turn % 2 == 0 ? tour.panel.data() : tour.container);
             }
         };
-        try {
-            tour.performAll();
-        } catch (const PanelTour::PanelGone&) {
-        }
+        tour.performAll();
         QApplication::processEvents();
         QCOMPARE(tour.core.takeCommands().isEmpty(), isReached);
         QVERIFY(!isReached || !tour.find("slider"));

@@ -16,7 +16,7 @@ public:
     explicit RandomUse(unsigned int seed)
         : m_random(seed)
     {
-        answer = [this](const QString& command) { return faultOrNot(command); };
+        core.fault = [this](const QString& command) { return faultOrNot(command); };
         // Whether the focus can leave the panel when it is hidden.
         find("ok")->setFocusPolicy(seed % 2 == 0 ? Qt::StrongFocus : Qt::NoFocus);
         core.parameters["IFText"] = "%int0%:0:100:first;%float0%:0.500:2.250:;";
