@@ -10,19 +10,16 @@ namespace {
 
 using Strip = RangeSelectControlIM;
 
+// A panel that is shown with these conditions.
 struct Fixture : PanelTour
 {
+    explicit Fixture(const QByteArray& ifText = "0") { show(ifText); }
     int rows() const { return all("m_labName").size(); }
     QLineEdit* note(int row = 0) const { return all<QLineEdit>("m_ediNote").value(row); }
     Strip* strip() const { return panel->findChild<Strip*>(); }
     QDoubleSpinBox* lower() const { return find<QDoubleSpinBox>("m_spbMinPullBar"); }
     QDoubleSpinBox* upper() const { return find<QDoubleSpinBox>("m_spbMaxPullBar"); }
     QString bounds() const { return lower()->text() + ' ' + upper()->text(); }
-    void load() const
-    {
-        QShowEvent event;
-        QApplication::sendEvent(panel, &event);
-    }
 };
 
 // From the window system.
@@ -44,9 +41,7 @@ class tst_panel : public QObject
 private slots:
     void transcripts_data();
     void transcripts();
-    void slotsOfThePanel();
     void loads();
-    void loadsDisturbNothing();
     void unusualAdding();
     void addedRowsAreInSight();
     void addingBesideAnOpenSlider();
@@ -118,22 +113,9 @@ void tst_panel::transcripts()
     QCOMPARE(log.warnings(), QStringList());
 }
 
-// Hosts connect to these slots by their signatures.
-void tst_panel::slotsOfThePanel()
-{
-    for (const char* const slot :
-         {"on_btn_close_clicked()", "on_btn_add_clicked()", "on_btn_continueRun_clicked()",
-          "on_btn_onceRun_clicked()", "on_btn_OK_clicked()", "onBtnDeleteOpt(QString)",
-          "onLogicValueChanged2SetParam()", "onSubscribeValueChanged2SetParam(QString)",
-          "on_cbox_determineType_currentIndexChanged(int)"}) {
-        QVERIFY2(QIfModuleMainView::staticMetaObject.indexOfSlot(slot) >= 0, slot);
-    }
-}
-
 void tst_panel::loads()
 {
-    Fixture f;
-    f.show("%int0%:0:100:a;%float0%:0.500:2.250:孔;");
+    Fixture f("%int0%:0:100:a;%float0%:0.500:2.250:孔;");
     const std::pair<const char*, QWidget*> columns[] = {{"lab_name", f.find("m_labName")},
                                                         {"lab_note", f.note()},
                                                         {"lab_condition", f.find("input")},
@@ -149,19 +131,10 @@ void tst_panel::loads()
     }
     // A focused note with unsaved text goes with its row and must not store half a list.
     f.perform("type m_ediNote unsaved");
-    f.load();
+    f.panel->QueryIfModuleInfo();
     QVERIFY(f.core.takeCommands().filter("Set").isEmpty() && f.rows() == 2);
     QCOMPARE(f.note()->text() + f.note()->toolTip(), QString("aa"));
-    // More than the panel itself adds.
-    f.core.parameters["IFText"] = QByteArray("%int0%:1:2:;").repeated(200);
-    f.load();
-    QVERIFY(f.rows() == 200 && f.find("m_btnDelete:199")->isVisible());
-}
-
-void tst_panel::loadsDisturbNothing()
-{
-    Fixture f;
-    f.show("%int0%:0:100:a;");
+    // The focus stays where it is.
     auto* const field = new QLineEdit("host", &f.host);
     field->show();
     QSignalSpy focusChanges(qApp, &QApplication::focusChanged);
@@ -169,10 +142,14 @@ void tst_panel::loadsDisturbNothing()
          {static_cast<QWidget*>(field), f.panel->nextInFocusChain(), f.find("btn_add")}) {
         focus->setFocus();
         focusChanges.clear();
-        f.load();
+        f.panel->QueryIfModuleInfo();
         QCOMPARE(focusChanges.count(), 0);
         QVERIFY2(!field->hasSelectedText(), "a field of the host is entered once more");
     }
+    // More than the panel itself adds.
+    f.core.parameters["IFText"] = QByteArray("%int0%:1:2:;").repeated(200);
+    f.panel->QueryIfModuleInfo();
+    QVERIFY(f.rows() == 200 && f.find("m_btnDelete:199")->isVisible());
     f.find("widget_2")->hide();
     f.panel->QueryIfModuleInfo();
     QVERIFY(f.find("widget_2")->isHidden());
@@ -181,7 +158,6 @@ void tst_panel::loadsDisturbNothing()
 void tst_panel::unusualAdding()
 {
     Fixture f;
-    f.show();
     {
         LogCapture log;
         log.failure = "m_mapIMHorControls";
@@ -199,8 +175,7 @@ void tst_panel::unusualAdding()
 
 void tst_panel::addedRowsAreInSight()
 {
-    Fixture f;
-    f.show(QByteArray("%int0%:1:2:;").repeated(20));
+    Fixture f(QByteArray("%int0%:1:2:;").repeated(20));
     f.core.parameters["@%int1%Start"] = "True";
     f.find<QPushButton>("btn_add")->click();
     QCOMPARE(f.core.lastTimeOut, 5000u);
@@ -246,8 +221,7 @@ void tst_panel::deletedRowsFinishNoEdit()
 // What a warning is about goes while it is open.
 void tst_panel::warnings()
 {
-    Fixture f;
-    f.show("%int0%:0:100:a;" + QByteArray("%int1%:1:2:;").repeated(31));
+    Fixture f("%int0%:0:100:a;" + QByteArray("%int1%:1:2:;").repeated(31));
     LogCapture log;
     f.afterEvent = [&f] { f.find<QPushButton>("m_btnDelete")->click(); };
     emit f.find<ButtonSelecterView>("input")->sigEdiSubscribeInfoChanged("5.Refused");
@@ -266,18 +240,16 @@ void tst_panel::warnings()
 // A row that its host destroyed is not read when the panel loads or goes.
 void tst_panel::destroyedRows()
 {
-    Fixture f;
-    f.show("%int0%:1:2:a;%int1%:3:4:b;");
+    Fixture f("%int0%:1:2:a;%int1%:3:4:b;");
     delete f.panel->findChild<HorizontalControlIM*>();
-    f.load();
+    f.panel->QueryIfModuleInfo();
     QCOMPARE(f.rows(), 2);
     delete f.panel->findChild<HorizontalControlIM*>();
 }
 
 void tst_panel::looksOfARow()
 {
-    Fixture f;
-    f.show("%int0%:0:100:a;");
+    Fixture f("%int0%:0:100:a;");
     QStringList styled;
     for (const auto* const widget : f.panel->findChildren<QWidget*>()) {
         if (widget->styleSheet() == f.note()->styleSheet()) {
@@ -315,8 +287,7 @@ void tst_panel::looksOfARow()
 
 void tst_panel::longBoundsFit()
 {
-    Fixture f;
-    f.show("%int0%:0:100:;");
+    Fixture f("%int0%:0:100:;");
     auto* const edit = f.lower()->findChild<QLineEdit*>();
     f.perform("type m_spbMinPullBar 23328824");
     f.strip()->SetCurrentMax(23328825);
@@ -337,8 +308,7 @@ void tst_panel::longBoundsFit()
 
 void tst_panel::sliderMoves()
 {
-    Fixture f;
-    f.show("%int0%:1:1000:;");
+    Fixture f("%int0%:1:1000:;");
     QSignalSpy lower(f.strip(), &Strip::sigMinRangeChanged);
     QSignalSpy upper(f.strip(), &Strip::sigMaxRangeChanged);
     const auto refuseEdit = [&f] {
@@ -385,8 +355,7 @@ void tst_panel::sliderCloses()
         {"the list moves", [](Fixture& f) { f.find("widget_2")->move(0, -30); }, true, false},
         {"the window moves", [](Fixture& f) { f.host.move(50, 50); }, false, false}};
     for (const auto& [what, act, isClosed, isFinished] : cases) {
-        Fixture f;
-        f.show("%int0%:1:1000:;");
+        Fixture f("%int0%:1:1000:;");
         for (const auto* const spinBox : {f.upper(), f.lower(), f.lower()}) {
             QTest::mouseClick(spinBox->findChild<QLineEdit*>(), Qt::LeftButton);
             QVERIFY(f.find("slider"));
@@ -403,8 +372,7 @@ void tst_panel::sliderCloses()
 
 void tst_panel::wheelScrollsTheList()
 {
-    Fixture f;
-    f.show(QByteArray("%int0%:1:2:;").repeated(20));
+    Fixture f(QByteArray("%int0%:1:2:;").repeated(20));
     auto* const bar = f.find<QScrollArea>("scrollArea")->verticalScrollBar();
     for (const char* const name : {"m_spbMinPullBar", "m_spbMaxPullBar", "cbox_determineType"}) {
         QWidget* const widget = f.find(name);
@@ -452,8 +420,7 @@ void tst_panel::missingSheets()
     Q_CLEANUP_RESOURCE(QSS_IM);
     const auto restore = qScopeGuard([] { Q_INIT_RESOURCE(QSS_IM); });
     LogCapture log;
-    Fixture f;
-    f.show("%int0%:1:2:;");
+    Fixture f("%int0%:1:2:;");
     const QString line = "[%1]: InitUI %2 qss file open failed.";
     QCOMPARE(log.takeLines().filter("qss"),
              QStringList({line.arg("QIfModuleMainView", "QIfModuleMainView"),

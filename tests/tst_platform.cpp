@@ -541,9 +541,7 @@ void tst_platform::fieldLooks()
         QVERIFY2(radius != picture(other), other);
     }
     QVERIFY(picture("5.Mean.SmoothnessWorst") != picture("5.Mean.SmoothnessWorse"));
-    const QImage notBound = picture("");
-    s.field->setText(" ");
-    QVERIFY(notBound != s.field->grab().toImage());
+    QVERIFY(picture("") != picture(" "));
 }
 
 QTEST_MAIN(tst_platform)

@@ -30,6 +30,13 @@ private slots:
                 QWidget* panel = nullptr;
                 QVERIFY(create(7, &host, &panel) && panel->parentWidget() == &host);
                 QCOMPARE(core.takeCommands(), QStringList());
+                for (const char* const slot :
+                     {"on_btn_close_clicked()", "on_btn_add_clicked()", "on_btn_continueRun_clicked()",
+                      "on_btn_onceRun_clicked()", "on_btn_OK_clicked()", "onBtnDeleteOpt(QString)",
+                      "onLogicValueChanged2SetParam()", "onSubscribeValueChanged2SetParam(QString)",
+                      "on_cbox_determineType_currentIndexChanged(int)"}) {
+                    QVERIFY2(panel->metaObject()->indexOfSlot(slot) >= 0, slot);
+                }
                 host.show();
                 QCOMPARE(core.takeCommands().value(0), QString("QueryBinaryData 7 IFText"));
                 QVERIFY(panel->findChild<QLabel*>("m_labName"));
