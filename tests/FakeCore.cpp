@@ -43,11 +43,8 @@ CommandResult FakeCore::Execute(ICommand& command)
     CommandResult result = Success;
     const auto remove = [&](auto& from) { result = from.remove(name) != 0 ? Success : NothingChanged; };
     const auto give = [&](ZEL_VALUE_CONTAINER__<char>& record) {
-        if (!parameters.contains(name)) {
-            result = {Failed, "no such parameter"};
-            return;
-        }
-        const QByteArray bytes = parameters[name];
+        result = parameters.contains(name) ? Success : CommandResult(Failed, "no such parameter");
+        const QByteArray bytes = parameters.value(name);
         record.CreateList(static_cast<UInt>(bytes.size() + 1));
         std::copy_n(bytes.constData(), bytes.size() + 1, record.Items());
     };

@@ -37,9 +37,8 @@ private:
         if (type == QtFatalMsg) {
             std::fprintf(stderr, "%s\n", qPrintable(text));
         } else if (type == QtDebugMsg) {
-            // Every line of the plug-in belongs to the default category.
-            const bool isDefault = qstrcmp(context.category, "default") == 0;
-            s_active->m_lines << (isDefault ? text : QString::fromLatin1(context.category) + ": " + text);
+            // With its category, unless that is the default one.
+            s_active->m_lines << qFormatLogMessage(type, context, text);
         } else if (!text.startsWith("This plugin does not support ")) { // the offscreen platform says so
             s_active->m_warnings << text;
         }

@@ -74,7 +74,20 @@ class tst_embedded_core : public QObject
     Q_OBJECT
 
 private slots:
-    void init();
+    // A store of its own for each test, with an input, its binding and an output.
+    void init()
+    {
+        const QDir folder(m_folder.filePath(QString::number(++m_count)));
+        QVERIFY(folder.mkpath("."));
+        m_file = folder.filePath("store.db");
+        m_flow = flowOf(sample).value();
+        m_otherConnection.close();
+        m_otherConnection.setDatabaseName(m_file);
+        QCOMPARE(open(), QString());
+        QCOMPARE(addIo("%int0%", "int", Input).Status, Success);
+        QCOMPARE(addIo("%int0Out%", "int", Output).Status, Success);
+        QCOMPARE(bind("%int0%", "9.Count").Status, Success);
+    }
     void flows();
     void flowErrors();
     void values();
@@ -82,7 +95,6 @@ private slots:
     void refusals();
     void storeFaults();
     void fileNames();
-    void tooLarge();
     void oneOwner();
     void otherPrograms();
     void readOnly();
@@ -162,21 +174,6 @@ private:
     QString m_error;
     std::unique_ptr<EmbeddedCore> m_core;
 };
-
-// A store of its own for each row, with an input, its binding and an output.
-void tst_embedded_core::init()
-{
-    const QDir folder(m_folder.filePath(QString::number(++m_count)));
-    QVERIFY(folder.mkpath("."));
-    m_file = folder.filePath("store.db");
-    m_flow = flowOf(sample).value();
-    m_otherConnection.close();
-    m_otherConnection.setDatabaseName(m_file);
-    QCOMPARE(open(), QString());
-    QCOMPARE(addIo("%int0%", "int", Input).Status, Success);
-    QCOMPARE(addIo("%int0Out%", "int", Output).Status, Success);
-    QCOMPARE(bind("%int0%", "9.Count").Status, Success);
-}
 
 void tst_embedded_core::flows()
 {
@@ -261,9 +258,8 @@ void tst_embedded_core::values()
         QCOMPARE(open(), QString());
         QCOMPARE(stored(), QByteArrayList({bytes + '\0', bytes + '\0', bytes.constData()}));
     }
-    for (const CommandStatus expected : {Success, NothingChanged}) {
-        QCOMPARE(execute<DeleteUIDataCommand>(7u, "@%int0%Start").Status, expected);
-    }
+    QCOMPARE(execute<DeleteUIDataCommand>(7u, "@%int0%Start").Status, Success);
+    QCOMPARE(execute<DeleteUIDataCommand>(7u, "@%int0%Start").Status, NothingChanged);
 }
 
 // Says why, and leaves the store as it was.
@@ -306,6 +302,20 @@ void tst_embedded_core::refusals()
     refused("neither an IO nor", bind("%int0%", "9.Count", 2));
     refused("name is empty", bind("", "9.Count"));
     QCOMPARE(shell("cksum $0/store.db $0/store.db-wal"), before);
+    // What another program made too large is not read.
+    const QString bindings = "WITH RECURSIVE n(i) AS (SELECT %1 UNION ALL SELECT i + 1 FROM n WHERE i < %2) "
+                             "INSERT INTO binding SELECT 7, 'io', i, '9.Count' FROM n";
+    const std::pair<QString, QString> rows[] = {
+        {bindings.arg(2).arg(100000), ""},
+        {bindings.arg(100001).arg(100001), "more than 100000 entries"},
+        {"UPDATE binary_parameter SET value = zeroblob(1048577)", "IFText of module 7 is too large"}};
+    for (const auto& [statement, message] : rows) {
+        QCOMPARE(sql(statement), QString());
+        QCOMPARE(m_core->configuration(7, &m_error).has_value(), message.isEmpty());
+        QVERIFY2(m_error.contains(message), qPrintable(m_error));
+    }
+    BINARY_DATA__ list;
+    refused("too large", m_core->Query(BINARY_DATA_CONDITION__(7, "IFText"), &list));
 }
 
 void tst_embedded_core::bindings()
@@ -389,23 +399,6 @@ void tst_embedded_core::fileNames()
     QCOMPARE(shell("rm -r $0"), QString()); // QTemporaryDir can't remove such names
 }
 
-void tst_embedded_core::tooLarge()
-{
-    const QString bindings = "WITH RECURSIVE n(i) AS (SELECT %1 UNION ALL SELECT i + 1 FROM n WHERE i < %2) "
-                             "INSERT INTO binding SELECT 7, 'io', i, '9.Count' FROM n";
-    const std::pair<QString, QString> rows[] = {
-        {bindings.arg(2).arg(100000), ""},
-        {bindings.arg(100001).arg(100001), "more than 100000 entries"},
-        {"UPDATE binary_parameter SET value = zeroblob(1048577)", "IFText of module 7 is too large"}};
-    for (const auto& [statement, message] : rows) {
-        QCOMPARE(sql(statement), QString());
-        QCOMPARE(m_core->configuration(7, &m_error).has_value(), message.isEmpty());
-        QVERIFY2(m_error.contains(message), qPrintable(m_error));
-    }
-    BINARY_DATA__ list;
-    refused("too large", m_core->Query(BINARY_DATA_CONDITION__(7, "IFText"), &list));
-}
-
 // By any of its names, for as long as its process lives.
 void tst_embedded_core::oneOwner()
 {
@@ -425,9 +418,6 @@ void tst_embedded_core::oneOwner()
     m_core.reset();
     QProcess other;
     other.start(QCoreApplication::applicationFilePath(), {"edit", m_flowFile, m_file});
-    if (!other.waitForStarted()) {
-        QSKIP("This program can't start itself here.");
-    }
     QVERIFY(other.waitForReadyRead());
     expectInUse();
     other.kill();

@@ -35,10 +35,6 @@ private:
         QTRY_VERIFY(process.state() == QProcess::NotRunning);
         QVERIFY2(process.exitCode() == 0, process.readAllStandardError());
     }
-    static QString at(const QPoint& place)
-    {
-        return QString("mousemove %1 %2 ").arg(place.x()).arg(place.y());
-    }
     // The visible widgets of an object or class name from the top.
     static QList<QWidget*> all(const char* name)
     {
@@ -73,7 +69,8 @@ private:
     }
     static void clickOn(const char* name, int index = 0)
     {
-        xdotool(at(placeOf(wait(name, index)).center()) + "click 1");
+        const QPoint place = placeOf(wait(name, index)).center();
+        xdotool(QString("mousemove %1 %2 click 1").arg(place.x()).arg(place.y()));
     }
     static void choose(const char* selecter, const char* filter)
     {
@@ -125,8 +122,9 @@ void tst_end_to_end::conditionsAreStored()
     // The handle that is nearest, by the mouse, then by the keys.
     clickOn("m_spbMaxPullBar");
     const QRect slider = placeOf(wait("QmlRangeSliderView"));
-    const QPoint press(slider.left() + slider.width() * 3 / 5, slider.center().y());
-    xdotool(at(press) + "mousedown 1 " + at(press + QPoint(9, 0)) + "mouseup 1");
+    xdotool(QString("mousemove %1 %2 mousedown 1 mousemove_relative 9 0 mouseup 1")
+                .arg(slider.left() + slider.width() * 3 / 5)
+                .arg(slider.center().y()));
     xdotool("key Right");
     const auto shownMaximum = [] { return textOf("m_spbMaxPullBar").toDouble(); };
     QTRY_VERIFY(shownMaximum() != 1000.0);

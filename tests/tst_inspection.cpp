@@ -89,8 +89,7 @@ class tst_inspection : public QObject
     Q_OBJECT
 
 private slots:
-    void states();
-    void liveRow();
+    void conditionTable();
     void whatAPanelShows();
     void unstoredEdits();
     void undo();
@@ -103,7 +102,7 @@ private slots:
 };
 
 // The states of stored lists while a panel shows "int0" from 1 to 5.9 and "float0" from 0.5 to 2.25.
-void tst_inspection::states()
+void tst_inspection::conditionTable()
 {
     const QList<ConditionRecord> shown = {{"int0", 1.0, 5.9, "a"}, {"float0", 0.5, 2.25, "b"}};
     const QString bounds = "stored minimum is 0, shown 1; stored maximum is 6, shown 5";
@@ -128,20 +127,17 @@ void tst_inspection::states()
     QCOMPARE(ModuleInspection::differences(stored, shown),
              QStringList({"int0 is not stored: " + bounds, "int1 is not shown, but still stored",
                           "float0 is not stored"}));
-}
-
-void tst_inspection::liveRow()
-{
+    // With the values of the flow.
     ModuleConfiguration configuration = storing("%float0%:1.000:2.000:a;%int0%:1:5:;%int1%:1:5:;");
     configuration.bindings = {{{7, SUBSCRIBE_TYPE_IO, "%float0%"}, "5.Radius", 2.5, {}, {}},
                               {{7, SUBSCRIBE_TYPE_IO, "%int0%"}, "5.Count", 7, {}, {}},
                               {{7, SUBSCRIBE_TYPE_RUNPARAM, "%int0%End"}, "5.Limit", 8, {}, {}}};
     configuration.uiData["@%int0%End"] = QByteArray("True", 5);
-    const auto rows = ModuleInspection::conditions(configuration, nullptr).rows;
-    QCOMPARE(rows[0].cells, QStringList({"float0", "5.Radius", "2.5", "1", "2", "out", "stored", "a"}));
-    QCOMPARE(rows[1].cells, QStringList({"int0", "5.Count", "7", "1", "8 (5.Limit)", "in", "stored", ""}));
-    QCOMPARE(rows[2].cells, QStringList({"int1", "", "", "1", "5", "not bound", "stored", ""}));
-    QVERIFY(rows[0].colour.red() > 100 && rows[1].colour.green() > 100);
+    const auto live = ModuleInspection::conditions(configuration, nullptr).rows;
+    QCOMPARE(live[0].cells, QStringList({"float0", "5.Radius", "2.5", "1", "2", "out", "stored", "a"}));
+    QCOMPARE(live[1].cells, QStringList({"int0", "5.Count", "7", "1", "8 (5.Limit)", "in", "stored", ""}));
+    QCOMPARE(live[2].cells, QStringList({"int1", "", "", "1", "5", "not bound", "stored", ""}));
+    QVERIFY(live[0].colour.red() > 100 && live[1].colour.green() > 100);
 }
 
 void tst_inspection::whatAPanelShows()

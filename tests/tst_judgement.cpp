@@ -74,8 +74,7 @@ private:
                         (number ? QString("=%1|").arg(*number) : "|");
             }
         } catch (const TextError& error) {
-            read += error.text().startsWith(file) ? error.text().mid(file.size() + 2)
-                                                  : "no file: " + error.text();
+            read += error.text().remove(file + ": ");
         }
         return read;
     }

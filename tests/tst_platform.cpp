@@ -337,7 +337,6 @@ void tst_platform::handles()
         {"fractions are rounded", 20.4, 80.6, 0.204, 0.304, 0, {30, 81}},
         {"set in the wrong order", 80, 20, 0.2, 0.1, 0, {10, 80}},
         {"a step of upper, from a fraction", 0, 80.25, 0.8025, 0.8025, 1, {0, 81}},
-        {"steps of lower", 20, 80, 0.2, 0.2, -10, {10, 80}},
         {"steps of both", 20, 80, 0.5, 0.5, 30, {40, 100}},
         {"steps stop at the other", 75, 80, 0.75, 0.75, 10, {80, 80}}};
     for (const auto& [what, lower, upper, from, to, steps, bounds] : cases) {

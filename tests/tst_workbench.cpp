@@ -70,13 +70,11 @@ void tst_workbench::commandLines()
 {
     fileOf("two.json", R"({"name": "x", "modules": [
         {"id": 4, "name": "first", "kind": "If"}, {"id": 6, "name": "second", "kind": "If"}]})");
-    fileOf("bad.json", R"({"name": "x", "modules": [{"id": 0}]})");
     fileOf("conditions.json",
            conditionsText("all", R"({"name": "float0", "input": "1.a", "minimum": 1, "maximum": 5})"));
     fileOf("good.csv", "a\n1\n");
     fileOf("mixed.csv", "a\n9\n4\n");
     fileOf("text.csv", "text\n");
-    fileOf("damaged.sqlite", QByteArray(5000, 'x'));
     QVERIFY(QDir(m_folder.path()).mkdir("other"));
     fileOf("other/flow.json", flowText);
     QVERIFY(QFile::link("flow.json", m_folder.filePath("link.json")));
@@ -92,7 +90,6 @@ void tst_workbench::commandLines()
         {"--wrong", 2, {"wrong", "--help"}},
         {"file.json", 2, {"file.json", "--help"}},
         {"--module seven", 2, {"seven"}},
-        {"--fault when=never", 2, {"when=never", "next, every"}},
         {"--fault when=0", 2, {"when=0", "next, every"}},
         {"--fault kind=Nothing", 2, {"kind=Nothing", "SetBinaryData"}},
         {"--fault answer=Success", 2, {"answer=Success", "NothingChanged"}},
@@ -107,12 +104,10 @@ void tst_workbench::commandLines()
         {"", 1, {"no display"}},
         {"--module 8" + picture, 1, {"nuclei.json", "8"}},
         {"--flow missing.json" + picture, 1, {"missing.json"}},
-        {"--flow bad.json" + picture, 1, {"bad.json", "modules[0].id"}},
         {"--plugin text.csv" + picture, 1, {"text.csv"}},
         {"--plugin " OTHER_LIBRARY_FILE + picture, 1, {"CreateModuParamConfigInstance"}},
         {"--store missing/store" + picture, 1, {"missing/store"}},
         {"--store missing/store --dump", 1, {"no such store: missing/store"}},
-        {"--store damaged.sqlite" + picture, 1, {"damaged.sqlite"}},
         {"--screenshot missing/picture.png", 1, {"missing/picture.png"}},
         // The first start of the sample has made its store.
         {"--dump", 0, {"%float0%:6.000:15.500:radius;"}},
@@ -132,7 +127,6 @@ void tst_workbench::commandLines()
         {judge + "--run good.csv mixed.csv --summary", 0, {"3 rows, 2 OK, 1 not OK"}},
         {judge + "--run mixed.csv --summary --fail-on-not-ok", 3, {"2 rows, 1 OK, 1 not OK"}},
         {judge + "--run - --summary", 1, {"standard input: line 3: 2 fields"}},
-        {judge + "--run good.csv broken.csv", 1, {"broken.csv: line 3: 2 fields"}},
         {judge + "--run good.csv text.csv", 1, {"text.csv: line 1: the header differs"}},
         {judge + "--run text.csv", 1, {"text.csv: line 1: there is no column a"}},
         {judge + "--sql --table my\"table", 0, {"FROM \"my\"\"table\"", "COUNT(CASE WHEN"}},
