@@ -191,8 +191,7 @@ void tst_inspection::undo()
     bind(SUBSCRIBE_TYPE_RUNPARAM, "%int0%End", "5.ObjectCount");
     QVector<ModuleConfiguration> before = {f.configuration()};
     bind(SUBSCRIBE_TYPE_IO, "%int0%", "5.ObjectNumber");
-    for (const char* const button :
-         {"m_btnMinSwitch", "btn_add", "m_btnMaxSwitch", "m_btnDelete", "btn_add"}) {
+    for (const QString button : {"m_btnMinSwitch", "btn_add", "m_btnMaxSwitch", "m_btnDelete", "btn_add"}) {
         before << f.configuration();
         f.press(button);
     }

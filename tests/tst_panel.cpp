@@ -104,7 +104,9 @@ void tst_panel::transcripts()
     }
     std::fclose(std::exchange(stdout, standardOutput));
     std::free(printed);
-    QCOMPARE(happened, lines);
+    for (int i = 0; i < qMax(happened.size(), lines.size()); ++i) { // with what stands before
+        QCOMPARE(QStringList(happened.mid(i - 3, 4)).join('\n'), QStringList(lines.mid(i - 3, 4)).join('\n'));
+    }
     QCOMPARE(log.warnings(), QStringList());
 }
 
