@@ -53,8 +53,7 @@ private:
         const QString save = "SetBinaryData 7 IFText=";
         verify(!command.startsWith(save) || command.mid(save.size()) == QString::fromUtf8(shown()),
                "something else is saved: " + command);
-        verify(!command.startsWith("SetUIData") || !m_steps.last().endsWith("Return"),
-               "Return changes a source");
+        verify(!command.startsWith("SetUIData") || !m_steps.last().endsWith("Return"), "Return is a click");
         const int kind = below(150);
         if (kind > 2) {
             return std::nullopt;
