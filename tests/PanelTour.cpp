@@ -170,7 +170,7 @@ void PanelTour::closeWarning()
                                     box->standardButtons() == QMessageBox::Ok;
         reports << (isPlainWarning ? "! " : "another box: ") + box->text() +
                        (box->parentWidget() ? " (over the panel)" : "");
-        // An event like others.
+        // Counts as an event.
         afterEvent();
         if (box) {
             box->accept();

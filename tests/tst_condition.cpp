@@ -33,7 +33,7 @@ void tst_condition::names()
     for (const auto& [lowest, names] : cases) {
         QCOMPARE(lowestFree(typeOf(lowest), sorted(names.split(' '))), lowest);
     }
-    // Sorting keeps all of them, where each pair can be compared, but all together contradict each other.
+    // Sorting loses none of these names: each pair has an order, but all together have none.
     QStringList names;
     for (int i = 0; i < 400; ++i) {
         names << QString("int1t%1").arg(i % 7) << QString("int01t%1").arg(i % 5) << "int1";

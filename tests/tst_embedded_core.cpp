@@ -155,7 +155,7 @@ private:
     {
         return QSqlQuery(statement, QSqlDatabase::database()).lastError().text();
     }
-    // What a shell prints in the parent of the store's folder, $0.
+    // What a shell prints that runs in the parent of the store's folder, $0.
     QString shell(const QString& commands)
     {
         QProcess process;
@@ -199,7 +199,7 @@ void tst_embedded_core::flows()
     QCOMPARE(tree({7, InternalModules}) + tree({7, ParentModule}), QString());
 }
 
-// What is wrong in place of a part of the sample, and what is said of it.
+// A part of the sample, what replaces it, and the error.
 void tst_embedded_core::flowErrors()
 {
     const QByteArray area = R"({"name": "Area", "type": "int"})";
@@ -262,7 +262,7 @@ void tst_embedded_core::values()
     QCOMPARE(execute<DeleteUIDataCommand>(7u, "@%int0%Start").Status, NothingChanged);
 }
 
-// Says why, and leaves the store as it was.
+// A refused command says why and leaves the store as it was.
 void tst_embedded_core::refusals()
 {
     struct AskCommand : Command
@@ -302,7 +302,7 @@ void tst_embedded_core::refusals()
     refused("neither an IO nor", bind("%int0%", "9.Count", 2));
     refused("name is empty", bind("", "9.Count"));
     QCOMPARE(shell("cksum $0/store.db $0/store.db-wal"), before);
-    // What another program made too large is not read.
+    // A store that another program made too large is not read.
     const QString bindings = "WITH RECURSIVE n(i) AS (SELECT %1 UNION ALL SELECT i + 1 FROM n WHERE i < %2) "
                              "INSERT INTO binding SELECT 7, 'io', i, '9.Count' FROM n";
     const std::pair<QString, QString> rows[] = {
@@ -399,7 +399,7 @@ void tst_embedded_core::fileNames()
     QCOMPARE(shell("rm -r $0"), QString()); // QTemporaryDir can't remove such names
 }
 
-// By any of its names, for as long as its process lives.
+// One program edits a store, under any of its names, until its process ends.
 void tst_embedded_core::oneOwner()
 {
     QCOMPARE(shell("cd $0; ln store.db store.db.hard; ln -s store.db store.db.soft"), QString());
@@ -446,7 +446,7 @@ void tst_embedded_core::otherPrograms()
     QCOMPARE(setList("edited").Status, Success);
 }
 
-// Leaves nothing behind, also where nothing can be written.
+// Reading leaves no file behind and works where nothing can be written.
 void tst_embedded_core::readOnly()
 {
     QCOMPARE(open(), QString());
@@ -473,7 +473,7 @@ void tst_embedded_core::readOnly()
     }
 }
 
-// What is refused changes nothing, and is stored by the next edit once its cause has gone.
+// A refused edit changes nothing; once the cause has gone, the next edit is stored.
 void tst_embedded_core::mended()
 {
     const QString gone = "was moved, deleted or replaced";

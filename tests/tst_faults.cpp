@@ -11,7 +11,7 @@ using namespace ZelCore;
 namespace {
 bool s_isOutOfMemory = false;
 
-// Every n-th command of a kind and every n-th event has its turn; 1: each of them.
+// Every n-th command of a kind fails, and the panel is destroyed after every n-th event.
 const int s_faultStep = qEnvironmentVariable("FAULT_STEP", "20").toInt();
 } // namespace
 
@@ -60,7 +60,7 @@ void tst_faults::everyCommandInTurn()
     const QRegularExpression kind(QString("^(%1)").arg(QTest::currentDataTag()));
     const int total = PanelTour::linesOf("tour.txt").filter(kind).size();
     QVERIFY(total > 0);
-    // Three ways to fail each of them, the last by an exception.
+    // Each fails in three ways; without a status, by an exception.
     const std::optional<CommandStatus> statuses[] = {Failed, NothingChanged, std::nullopt};
     for (int turn = 0; turn < 3 * total; turn += turn % 3 == 2 ? 3 * s_faultStep - 2 : 1) {
         const auto status = statuses[turn % 3];

@@ -127,7 +127,7 @@ void tst_inspection::conditionTable()
     QCOMPARE(ModuleInspection::differences(stored, shown),
              QStringList({"int0 is not stored: " + bounds, "int1 is not shown, but still stored",
                           "float0 is not stored"}));
-    // With the values of the flow.
+    // Live values, and bounds that are bound to values of the flow.
     ModuleConfiguration configuration = storing("%float0%:1.000:2.000:a;%int0%:1:5:;%int1%:1:5:;");
     configuration.bindings = {{{7, SUBSCRIBE_TYPE_IO, "%float0%"}, "5.Radius", 2.5, {}, {}},
                               {{7, SUBSCRIBE_TYPE_IO, "%int0%"}, "5.Count", 7, {}, {}},
@@ -288,7 +288,7 @@ void tst_inspection::log()
              qPrintable(last));
 }
 
-// Only what is wrong has one.
+// Only a command that went wrong has a colour.
 void tst_inspection::colours()
 {
     const std::tuple<const char*, CommandStatus, const char*, bool> cases[] = {
@@ -305,7 +305,7 @@ void tst_inspection::colours()
     }
 }
 
-// Of faults, what LogicalMode and Other are answered in turn, and whether one stays armed.
+// The armed faults, the answers to LogicalMode and Other in turn, and whether a fault stays armed.
 void tst_inspection::faults()
 {
     const std::tuple<QStringList, QString, bool> rows[] = {
@@ -333,7 +333,7 @@ void tst_inspection::faults()
     }
 }
 
-// A flow that is dropped takes the window's place: not while a dialog of the window waits for an answer.
+// A dropped flow file replaces the open flow, but not while a dialog of the window waits for an answer.
 void tst_inspection::drops()
 {
     Fixture f;

@@ -149,7 +149,7 @@ void tst_judgement::blockEdges()
     }
 }
 
-// With a decimal point under every locale.
+// Numbers have a decimal point under every locale.
 void tst_judgement::numbers()
 {
     QLocale::setDefault(QLocale(QLocale::German));
@@ -248,7 +248,8 @@ void tst_judgement::queries()
     }
 }
 
-// Up to a row that can't be read; 100 % means all, everything else is rounded to the nearest.
+// Totals count up to a row that can't be read. 100 % means all rows; any other rate is rounded to the
+// nearest.
 void tst_judgement::totals()
 {
     const auto configuration = configurationOf("%int0%:1:9:;", {{"%int0%", "a"}});
@@ -264,7 +265,7 @@ void tst_judgement::totals()
     }
 }
 
-// In at most 15 digits, and the text of a line is the same whatever stood in the buffer before.
+// Numbers have at most 15 digits, and a row does not depend on what stood in the buffer before.
 void tst_judgement::resultRows()
 {
     const auto run = open(

@@ -174,7 +174,7 @@ void tst_platform::serviceAccess()
     QVERIFY(number.Cast<int>() == 5 && copy.Type() == typeid(std::string) && Any().Type() == typeid(void));
 }
 
-// They refuse null texts and copy what they carry.
+// Commands refuse null texts and copy what they carry.
 void tst_platform::commands()
 {
     UInt length = 0;
@@ -215,7 +215,7 @@ void tst_platform::commands()
         SetBinaryDataCommand command(1, "IFText", bytes, 3, 5000);
         bytes[0] = 'c';
         taken.reset(command.Data);
-        command.DataLen = 0; // what it does not own then
+        command.DataLen = 0; // the command no longer owns the data
     }
     QCOMPARE(QByteArray(taken.get(), 3), QByteArray("a\0b", 3));
     QVERIFY(SetBinaryDataCommand(1, "IFText", bytes, 0).Data && SetUIDataCommand(1, "@", bytes, length).Data);
@@ -234,7 +234,7 @@ void tst_platform::recordsOwnTheirItems()
     SUBSCRIBE_TREE__ copy(tree);
     FillText(leaf.NodeName, "other");
     copy = std::as_const(copy);
-    // A part may be assigned to its owner.
+    // A child may be assigned to its parent.
     SUBSCRIBE_NODE__& node = copy.At(1);
     node = node.At(2);
     QVERIFY(node.ModuleID == 5 && node.Num() == 4);
@@ -371,7 +371,7 @@ void tst_platform::pressWhileBoundsAreSet()
         s.move(s.at(0.4));
         QCOMPARE(s.moved, Bounds(18, 40));
         QTest::mouseRelease(&s.view, Qt::LeftButton, {}, s.at(0.4));
-        // Not so where the slider was active before and the pointer is over the new handles.
+        // A slider that was active before is pressed at its new handles.
         QApplication::setActiveWindow(nullptr);
         QApplication::setActiveWindow(&s.view);
         s.set(60, 90);
@@ -525,7 +525,8 @@ void tst_platform::bindings()
     }
 }
 
-// The name of the value under its group, without the module's number; a binding that is none, in words.
+// The field shows the group and the name of the value without the module's number, and a text when nothing is
+// bound.
 void tst_platform::fieldLooks()
 {
     Selecter s;

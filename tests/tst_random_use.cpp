@@ -28,7 +28,7 @@ public:
         const bool wasVisible = panel->isVisible();
         const QString action = wasVisible ? oneOf(actions) : "show";
         if (action.startsWith("type focus") && host.isActiveWindow()) {
-            return; // into menus only
+            return; // texts are typed into menus only
         }
         m_steps << filled(action);
         m_isFaulty = false;

@@ -46,7 +46,7 @@ private slots:
     void importAndExport();
 
 private:
-    // Its exit code; the output follows.
+    // Returns the exit code; the output is in m_output.
     int run(const QString& options)
     {
         m_process.start(IF_WORKBENCH_FILE, options.split(' ', Qt::SkipEmptyParts));
@@ -65,7 +65,7 @@ private:
     QByteArray m_output;
 };
 
-// In this order: exit code and what the output has among others.
+// The options, run in this order, the exit code, and texts that the output contains.
 void tst_workbench::commandLines()
 {
     fileOf("two.json", R"({"name": "x", "modules": [
@@ -144,7 +144,7 @@ void tst_workbench::commandLines()
     m_process.setStandardOutputFile({});
 }
 
-// What a file has is what the store has then, and the other way round.
+// An import stores what the file has, and an export writes what the store has.
 void tst_workbench::importAndExport()
 {
     const QByteArray text = R"({

@@ -2,7 +2,7 @@
 #include "FuzzFile.h"
 #include "judgement/CsvReader.h"
 
-// What is wrong is a sentence that names the file.
+// An error names the file.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const QString file = fuzzFile(data, size);

@@ -1,7 +1,7 @@
 #include "EmbeddedCore/Flow.h"
 #include "FuzzFile.h"
 
-// What is wrong is a sentence that names the file.
+// An error names the file.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
     const QString file = fuzzFile(data, size);
