@@ -89,7 +89,6 @@ private slots:
         QCOMPARE(bind("%int0%", "9.Count").Status, Success);
     }
     void flows();
-    void flowErrors();
     void values();
     void bindings();
     void refusals();
@@ -197,11 +196,7 @@ void tst_embedded_core::flows()
              QString("3 Camera {3 Gain 3.Gain}, 9 斑点 {9 Mean {9 Radius 9.Mean.Radius}}"));
     QCOMPARE(tree({7, CurModule}), own);
     QCOMPARE(tree({7, InternalModules}) + tree({7, ParentModule}), QString());
-}
-
-// A part of the sample, what replaces it, and the error.
-void tst_embedded_core::flowErrors()
-{
+    // What is wrong: a part of the sample, what replaces it, and the error.
     const QByteArray area = R"({"name": "Area", "type": "int"})";
     const auto nested = [&area](int levels, const QByteArray& name) {
         const QByteArray group = R"({"name": ")" + name + R"(", "outputs": [)";

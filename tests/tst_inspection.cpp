@@ -96,7 +96,6 @@ private slots:
     void run();
     void percentiles();
     void log();
-    void colours();
     void faults();
     void drops();
 };
@@ -286,11 +285,7 @@ void tst_inspection::log()
     QVERIFY2(last.startsWith(R"({"content":"3\\u000a","kind":"SetRunParam","message":"磁盘 full",)") &&
                  last.contains(R"("module":7,"number":3,"parameter":"LogicalMode","status":"Exception",)"),
              qPrintable(last));
-}
-
-// Only a command that went wrong has a colour.
-void tst_inspection::colours()
-{
+    // Only a command that went wrong has a colour.
     const std::tuple<const char*, CommandStatus, const char*, bool> cases[] = {
         {"SetBinaryData", Failed, "disk full", true},
         {"SetRunParam", NothingChanged, "", true},

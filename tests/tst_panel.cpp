@@ -42,8 +42,7 @@ private slots:
     void loads();
     void unusualAdding();
     void addedRowsAreInSight();
-    void addingBesideAnOpenSlider();
-    void deletedRowsFinishNoEdit();
+    void changesBesideOpenFields();
     void warnings();
     void destroyedRows();
     void looksOfARow();
@@ -189,22 +188,17 @@ void tst_panel::addedRowsAreInSight()
                             "m_btnDelete "));
 }
 
-// An add moves the list, which closes an open slider, but stores nothing before the new row's IOs exist.
-void tst_panel::addingBesideAnOpenSlider()
+void tst_panel::changesBesideOpenFields()
 {
-    Fixture f("%int0%:1:2:;");
+    // An add moves the list, which closes an open slider, but stores nothing before the new row's IOs exist.
+    Fixture f("%int0%:60:5:;");
     f.perform("click m_spbMinPullBar");
     f.perform("refuse AddIO");
     f.core.takeCommands();
     f.find<QPushButton>("btn_add")->click();
     QCOMPARE(f.core.takeCommands().filter(QRegularExpression("^(AddIO|Set)")),
              QStringList("AddIO 7 %int1% class=1 type=int flags=01110101111"));
-}
-
-// A row that is deleted moves the focus from its note to a bound, which is no edit to finish.
-void tst_panel::deletedRowsFinishNoEdit()
-{
-    Fixture f("%int0%:60:5:;");
+    // A row that is deleted moves the focus from its note to a bound, which is no edit to finish.
     f.perform("click m_ediNote");
     LogCapture log;
     f.panel->onBtnDeleteOpt("int0");

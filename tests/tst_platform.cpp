@@ -133,7 +133,6 @@ private slots:
     void clicksChoose();
     void sizesOfMenus();
     void bindings();
-    void fieldLooks();
 };
 
 void tst_platform::serviceAccess()
@@ -523,13 +522,8 @@ void tst_platform::bindings()
         QCOMPARE(s.view->DelFilterSourceOperation4IO(7, SUBSCRIBE_TYPE_IO, "%int0%"), answer);
         QCOMPARE(s.shown(), QString("|"));
     }
-}
-
-// The field shows the group and the name of the value without the module's number, and a text when nothing is
-// bound.
-void tst_platform::fieldLooks()
-{
-    Selecter s;
+    // The field shows the group and the name of the value without the module's number, and a text when
+    // nothing is bound.
     QCOMPARE(s.field->size(), QSize(75, 30));
     const auto picture = [&s](const QString& text) {
         s.view->SetEdiSubscribeText(text);
