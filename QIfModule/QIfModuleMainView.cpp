@@ -361,6 +361,12 @@ void QIfModuleMainView::showRow(std::unique_ptr<HorizontalControlIM> row)
         shown->showInList();
     }
     connect(shown->noteField(), &QLineEdit::textChanged, this, &QIfModuleMainView::showLosses);
+    // A row that the host destroys.
+    connect(shown, &QObject::destroyed, this, [this](const QObject* destroyed) {
+        auto& registry = m_mapIMHorControls;
+        const auto isOfRow = [=](const auto& entry) { return entry.values().value(0) == destroyed; };
+        registry.erase(std::remove_if(registry.begin(), registry.end(), isOfRow), registry.end());
+    });
 }
 
 void QIfModuleMainView::layOutList()

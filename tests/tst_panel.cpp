@@ -224,7 +224,7 @@ void tst_panel::warnings()
              QStringList({"! 未找到绑定数据", "! 最多添加: 32 (over the panel)"}));
 }
 
-// A row that its host destroyed is not read when the panel loads or goes.
+// A row that the host destroyed is not read again.
 void tst_panel::destroyedRows()
 {
     Fixture f("%int0%:1:2:a;%int1%:3:4:b;");
@@ -232,6 +232,9 @@ void tst_panel::destroyedRows()
     f.panel->QueryIfModuleInfo();
     QCOMPARE(f.rows(), 2);
     delete f.panel->findChild<HorizontalControlIM*>();
+    f.perform("click btn_add");
+    f.perform("click lab_help");
+    QCOMPARE(f.core.parameters["IFText"], QByteArray("%int1%:3:4:b;%int0%:1:1000:;"));
 }
 
 void tst_panel::looksOfARow()
