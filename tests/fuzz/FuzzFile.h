@@ -5,7 +5,7 @@
 /// Writes the bytes of the fuzzer to a file, always the same one, and returns its name.
 inline QString fuzzFile(const std::uint8_t* data, std::size_t size)
 {
-    static const QTemporaryDir folder(QStringLiteral("/dev/shm/fuzz"));
+    static const QTemporaryDir folder;
     QFile file(folder.filePath(QStringLiteral("input")));
     if (!file.open(QIODevice::WriteOnly)) {
         qFatal("no temporary file");
