@@ -27,9 +27,9 @@ void fill(SUBSCRIBE_NODE__& node, UInt moduleId, const FlowOutput& output, const
     std::copy_if(output.children.cbegin(), output.children.cend(), std::back_inserter(offered),
                  [&types](const FlowOutput& child) { return isOffered(child, types); });
     node.CreateList(static_cast<UInt>(offered.size()));
-    SUBSCRIBE_NODE__* child = node.Items();
-    for (const FlowOutput& each : qAsConst(offered)) {
-        fill(*child++, moduleId, each, types);
+    int place = 0;
+    for (const FlowOutput& child : qAsConst(offered)) {
+        fill(node.At(place++), moduleId, child, types);
     }
 }
 
@@ -59,9 +59,9 @@ SUBSCRIBE_TREE__ SubscribeTree::build(const Flow& flow, UInt moduleId, SUBSCRIBE
 
     SUBSCRIBE_TREE__ tree;
     tree.CreateList(static_cast<UInt>(offering.size()));
-    SUBSCRIBE_NODE__* node = tree.Items();
+    int place = 0;
     for (const auto& [id, group] : qAsConst(offering)) {
-        fill(*node++, id, group, types);
+        fill(tree.At(place++), id, group, types);
     }
     return tree;
 }
