@@ -7,10 +7,13 @@
 #include "UndoHistory.h"
 #include "WorkbenchSettings.h"
 #include "commands/CommandLogView.h"
+#include "inspector/InspectionTableModel.h"
 #include "inspector/InspectorView.h"
 #include "inspector/ShownConditions.h"
 #include "inspector/StoredStatus.h"
 #include "run/RunDock.h"
+
+#include <QAbstractItemModelTester>
 
 #include <sys/stat.h>
 
@@ -96,6 +99,7 @@ private slots:
     void run();
     void percentiles();
     void log();
+    void models();
     void faults();
     void drops();
 };
@@ -298,6 +302,37 @@ void tst_inspection::log()
         model.append({{1, {}, {kind, {}, "@%int0%Start", {}}, status, message}});
         QVERIFY2(model.index(0, 0).data(Qt::ForegroundRole).isValid() == isColoured, kind);
     }
+}
+
+// Empty, filled and emptied again, and for an index that does not exist, as a view that copies its current
+// one has.
+void tst_inspection::models()
+{
+    CommandLogModel log;
+    InspectionTableModel table;
+    ResultModel results;
+    std::vector<std::unique_ptr<QAbstractItemModelTester>> testers;
+    for (QAbstractItemModel* const model :
+         std::initializer_list<QAbstractItemModel*>{&log, &table, &results}) {
+        testers.push_back(std::make_unique<QAbstractItemModelTester>(model));
+        QVERIFY(!model->data({}, Qt::DisplayRole).isValid());
+    }
+    int number = 0;
+    for (const int batch : {1, CommandLogModel::capacity - 1, 3, 2 * CommandLogModel::capacity}) {
+        QVector<CommandEntry> entries(batch);
+        entries.last().number = number += batch;
+        log.append(entries);
+        QCOMPARE(log.rowCount(), qMin(number, CommandLogModel::capacity));
+        QCOMPARE(log.index(log.rowCount() - 1, 0).data().toInt(), number);
+    }
+    table.setTable({{"Name", "Value"}, {{{"a", "1"}}}});
+    results.begin({"float0"});
+    results.append({{1, 2, false, QVector<Judgement::Result>(1)}});
+    QVERIFY(table.rowCount() == 1 && results.columnCount() == 3);
+    log.clear();
+    table.setTable({});
+    results.begin({});
+    QVERIFY(log.rowCount() == 0 && table.columnCount() == 0 && results.rowCount() == 0);
 }
 
 // The armed faults, the answers to LogicalMode and Other in turn, and whether a fault stays armed.

@@ -8,6 +8,7 @@
 #include <QtTest>
 
 #include <cmath>
+#include <random>
 
 using namespace ZelCore;
 
@@ -46,6 +47,7 @@ class tst_judgement : public QObject
 private slots:
     void tables();
     void blockEdges();
+    void byteSearch();
     void numbers();
     void reasons();
     void queries();
@@ -147,6 +149,20 @@ void tst_judgement::blockEdges()
         QCOMPARE(QString::number(before) + rowsOf(fileOf(content)),
                  QString::number(before) + "2 12=12|3 1=1|4 \"|6 345=345|7 6=6|");
     }
+}
+
+// Vector instructions find the same bytes as the plain search of other processors.
+void tst_judgement::byteSearch()
+{
+    std::mt19937 random(1);
+    QByteArray bytes(ByteSearch::width, '\0');
+    for (int round = 0; round < 1000; ++round) {
+        std::generate(bytes.begin(), bytes.end(), [&random] { return ";,\n\0\x8a\xff"[random() % 6]; });
+        QCOMPARE(ByteSearch::find(bytes.constData(), ',', '\n'),
+                 ByteSearch::findPlainly(bytes.constData(), ',', '\n'));
+    }
+    QCOMPARE(ByteSearch::findPlainly(("a,\n" + QByteArray(61, 'x')).constData(), ',', '\n'),
+             std::uint64_t(6));
 }
 
 // Numbers have a decimal point under every locale.

@@ -15,7 +15,7 @@ Type typeOf(const QString& name);
 /// The type word that a name begins with, "int" or "float"; empty for None.
 QString typeWord(Type type);
 
-/// The largest bound that the panel takes for a type; the smallest is its negative.
+/// The largest bound that the panel accepts for a type; the smallest is its negative.
 int largestBound(Type type);
 
 /// Whether the bounds of a condition are written with decimals.

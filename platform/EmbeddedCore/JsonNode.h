@@ -17,6 +17,7 @@ public:
     /// "modules[0].name"; empty for the whole file.
     QString place;
 
+    /// The whole file. Throws TextError when it can't be read or is no JSON.
     static JsonNode ofFile(const QString& file);
 
     [[noreturn]] void fail(const QString& problem) const;

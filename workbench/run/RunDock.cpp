@@ -56,7 +56,13 @@ RunDock::RunDock(const CurrentModule& module, QWidget* parent)
     , m_module(module)
 {
     m_ui.setupUi(this);
-    setUpSources();
+    const QString samples = samplesOf(module.session().flowFile());
+    if (QFileInfo::exists(samples)) {
+        addFile(samples);
+    }
+    m_ui.runOnceButton->setDefaultAction(m_ui.onceAction);
+    m_ui.stepButton->setDefaultAction(m_ui.stepAction);
+    m_ui.runAllButton->setDefaultAction(m_ui.allAction);
     setUpTable();
 
     // Chunks of rows between the events of the window.
@@ -79,17 +85,6 @@ RunDock::RunDock(const CurrentModule& module, QWidget* parent)
         showTotals();
     });
     reset();
-}
-
-void RunDock::setUpSources()
-{
-    const QString samples = samplesOf(m_module.session().flowFile());
-    if (QFileInfo::exists(samples)) {
-        addFile(samples);
-    }
-    m_ui.runOnceButton->setDefaultAction(m_ui.onceAction);
-    m_ui.stepButton->setDefaultAction(m_ui.stepAction);
-    m_ui.runAllButton->setDefaultAction(m_ui.allAction);
 }
 
 void RunDock::setUpTable()

@@ -39,7 +39,6 @@ private:
         BoundSpan maximum;
     };
 
-    void setUpSources();
     void setUpTable();
     void chooseFile();
     void addFile(const QString& file);
